@@ -1,0 +1,50 @@
+// Pictures in memory and the comparison with reference images. All four channels count.
+#pragma once
+#include <SDL.h>
+#include <gtest/gtest.h>
+
+#include <cstdint>
+#include <iosfwd>
+#include <string>
+#include <vector>
+
+namespace ostreltest {
+
+struct Colour {
+    uint8_t r = 0, g = 0, b = 0, a = 0;
+    bool operator==(const Colour& o) const { return r == o.r && g == o.g && b == o.b && a == o.a; }
+    bool operator!=(const Colour& o) const { return !(*this == o); }
+};
+std::ostream& operator<<(std::ostream& out, const Colour& colour);
+
+class Picture {
+public:
+    Picture() = default;
+    Picture(int width, int height, Colour fill = {});
+    static Picture ofTexture(SDL_Texture* texture);  // a texture that can be a render target, read whole
+    static Picture ofWindow();                       // what stands in the window
+    static Picture ofSurface(SDL_Surface* surface);  // colours as the surface's own masks say
+    static Picture load(const std::string& path);    // empty when the file is missing or broken
+
+    int width() const { return mWidth; }
+    int height() const { return mHeight; }
+    bool empty() const { return mPixels.empty(); }
+    Colour at(int x, int y) const;  // outside: a failed test and an empty colour
+    void set(int x, int y, Colour colour);
+    bool save(const std::string& path) const;      // as PNG; makes missing folders
+    int count(Colour colour) const;                // how many pixels have this colour
+    SDL_Rect boundsOfAllBut(Colour colour) const;  // smallest rectangle around all pixels of any other colour
+
+private:
+    int mWidth = 0, mHeight = 0;
+    std::vector<Colour> mPixels;
+};
+
+// Whether two pictures agree within tolerance per channel; a failure counts the pixels and names their rectangle.
+::testing::AssertionResult picturesMatch(const Picture& actual, const Picture& expected, int tolerance = 0);
+
+// The same against tests/reference/NAME.png. A missing reference fails. Failures leave NAME.expected.png,
+// NAME.actual.png and NAME.difference.png below build/.../test-pictures. scripts/update-references writes references.
+::testing::AssertionResult matchesReference(const Picture& actual, const std::string& name, int tolerance = 0);
+
+}  // namespace ostreltest
