@@ -1,0 +1,83 @@
+#!/usr/bin/env bash
+# Installs what is missing, builds, and runs every test headless.
+#   ./scripts/test.sh            the release build and its tests
+#   ./scripts/test.sh --ci       that and the sanitizer, valgrind and lint stages, with the time of each
+#   ./scripts/test.sh --stage S  one stage alone: release, asan, tsan, valgrind or lint
+set -euo pipefail
+cd "$(dirname "$0")/.."
+# shellcheck source=scripts/lib/install-packages.sh
+source scripts/lib/install-packages.sh
+# shellcheck source=scripts/lib/packages.sh
+source scripts/lib/packages.sh
+
+readonly CI_STAGES=(release asan tsan valgrind lint)
+JOBS=$(nproc)
+readonly JOBS
+stage_times=()
+
+usage() { sed -n '2,5s/^# \{0,1\}//p' "$0"; }
+
+# configure_and_build PRESET [cmake options]
+configure_and_build() {
+    local preset=$1
+    shift
+    cmake --preset "$preset" "$@" >"build/$preset.configure.log" 2>&1 || { cat "build/$preset.configure.log"; return 1; }
+    cmake --build --preset "$preset" --parallel "$JOBS" -- --quiet
+}
+
+run_ctest() { ctest --preset "$1" --parallel "$JOBS" --progress; }
+
+stage_release() {
+    configure_and_build release -DOSTREL_BUILD_BENCH=ON
+    run_ctest release
+}
+
+stage_asan() {
+    configure_and_build clang-asan-ubsan -DOSTREL_BUILD_FUZZ=ON
+    ASAN_OPTIONS=detect_stack_use_after_return=1:strict_string_checks=1 UBSAN_OPTIONS=print_stacktrace=1 \
+        LSAN_OPTIONS=suppressions=$PWD/tests/support/lsan.supp:print_suppressions=0 run_ctest clang-asan-ubsan
+    ./scripts/fuzz.sh 10
+}
+
+stage_tsan() {
+    configure_and_build tsan
+    TSAN_OPTIONS=halt_on_error=1:suppressions=$PWD/tests/support/tsan.supp run_ctest tsan
+}
+
+# Textures are freed inside SDL, which no sanitizer sees: valgrind watches start-up, shut-down, caches and themes.
+stage_valgrind() {
+    [[ -d build/release ]] || configure_and_build release
+    ./scripts/valgrind.sh build/release
+}
+
+stage_lint() {
+    [[ -f build/release/compile_commands.json ]] || cmake --preset release >/dev/null
+    ./scripts/lint build/release
+}
+
+run_stage() {
+    local name=$1 begin=$SECONDS
+    printf '\n== %s ==\n' "$name"
+    "stage_$name"
+    stage_times+=("$(printf '%-10s %4d s' "$name" $((SECONDS - begin)))")
+}
+
+main() {
+    local stages=(release)
+    case "${1:-}" in
+        "") ;;
+        --ci) stages=("${CI_STAGES[@]}") ;;
+        --stage) stages=("${2:?name a stage: ${CI_STAGES[*]}}") ;;
+        *) usage; exit 2 ;;
+    esac
+    local packages=("${BUILD_PACKAGES[@]}" "${TEST_PACKAGES[@]}")
+    [[ "${1:-}" == "" ]] || packages+=("${CI_PACKAGES[@]}")
+    install_packages "${packages[@]}"
+    mkdir -p build
+    for stage in "${stages[@]}"; do run_stage "$stage"; done
+    printf '\nTimes:\n'
+    printf '  %s\n' "${stage_times[@]}"
+    printf 'All stages passed: %s\n' "${stages[*]}"
+}
+
+main "$@"
