@@ -1,5 +1,7 @@
 /// @file  lru_cache.h: a small cache of owned pointers under string keys, least recently used out first.
 /// Threads: any; every operation holds the cache's lock for its whole duration.
+/// Keys: whole byte strings, equal in length and in every byte; a zero byte is one like any other.
+/// Values: any pointer, null included. The cache owns them until pop hands one back.
 #pragma once
 #include <SDL_mutex.h>
 
@@ -9,15 +11,19 @@
 #include <utility>
 
 #include "ostrel/export.h"
+#include "ostrel/thread_safety.h"
 
 /// Keeps up to capacity + 1 values: room is made before an insertion, and only once the count exceeds the capacity.
-/// The same key may stand in it more than once; the newest entry answers. Look-ups are linear.
+/// The same key may stand in it more than once; the newest entry answers, and the older one shows again when that has
+/// gone. Look-ups are linear, which is no loss up to some hundred entries.
 class OSTREL_API LRUCache {
 public:
-    /// @param freeFn releases a value that the cache drops, with the lock held (it must not call back into this cache);
-    ///        null drops values without releasing them. @param capacity the count from which room is made.
+    /// @param freeFn releases a value that the cache drops, null values too; it runs with the lock held and must not
+    ///        call back into this cache. Without one, values are dropped and not released.
+    /// @param capacity the count above which an insertion drops the least recently used entries first; 0 and negative
+    ///        numbers leave the newest entry alone.
     LRUCache(void (*freeFn)(void*), int capacity);
-    /// Clears the cache.
+    /// Releases every value as clear does.
     ~LRUCache();
     LRUCache(const LRUCache&) = delete;
     LRUCache& operator=(const LRUCache&) = delete;
@@ -32,7 +38,8 @@ public:
     void clear();
 
 private:
-    std::list<std::pair<std::string, void*>> mEntries;  // most recently used first; the list keeps its own count
+    // Most recently used first; the list keeps its own count.
+    std::list<std::pair<std::string, void*>> mEntries OSTREL_GUARDED_BY(mLock);
     void (*mFreeFn)(void*);
     SDL_mutex* mLock;
     int mCapacity;

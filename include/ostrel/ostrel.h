@@ -22,5 +22,6 @@
 #include "ostrel/text.h"
 #include "ostrel/text_menu.h"
 #include "ostrel/text_menu_drawer.h"
+#include "ostrel/thread_safety.h"
 #include "ostrel/utf8_string.h"
 #include "ostrel/window.h"
