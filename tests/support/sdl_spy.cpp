@@ -1,0 +1,74 @@
+#include "support/sdl_spy.h"
+
+#include <dlfcn.h>
+
+#include <stdexcept>
+
+namespace {
+
+ostreltest::SdlSpy* sSpy = nullptr;
+
+// SDL's own function behind the one of the same name here.
+template <typename Function>
+Function* sdlFunction(const char* name) {
+    return reinterpret_cast<Function*>(dlsym(RTLD_NEXT, name));
+}
+
+}  // namespace
+
+namespace ostreltest {
+
+SdlSpy::SdlSpy() {
+    if (sSpy != nullptr) throw std::logic_error("there is a spy already");
+    sSpy = this;
+}
+
+SdlSpy::~SdlSpy() { sSpy = nullptr; }
+
+}  // namespace ostreltest
+
+// The library binds to these, because a program's definitions come before those of its libraries.
+extern "C" {
+
+SDL_Window* SDL_CreateWindow(const char* title, int x, int y, int w, int h, Uint32 flags) {
+    static const auto create = sdlFunction<decltype(SDL_CreateWindow)>("SDL_CreateWindow");
+    const bool fails = sSpy != nullptr && sSpy->failWindows;
+    SDL_Window* window = fails ? nullptr : create(title, x, y, w, h, flags);
+    if (sSpy != nullptr) sSpy->windows.push_back({title, x, y, w, h, flags, window});
+    return window;
+}
+
+SDL_Renderer* SDL_CreateRenderer(SDL_Window* window, int index, Uint32 flags) {
+    static const auto create = sdlFunction<decltype(SDL_CreateRenderer)>("SDL_CreateRenderer");
+    if (sSpy != nullptr) sSpy->renderers.push_back({window, index, flags});
+    return sSpy != nullptr && sSpy->failRenderers ? nullptr : create(window, index, flags);
+}
+
+SDL_Texture* SDL_CreateTexture(SDL_Renderer* renderer, Uint32 format, int access, int w, int h) {
+    static const auto create = sdlFunction<decltype(SDL_CreateTexture)>("SDL_CreateTexture");
+    const bool fails = sSpy != nullptr && sSpy->failTextures;
+    SDL_Texture* texture = fails ? nullptr : create(renderer, format, access, w, h);
+    if (fails) SDL_SetError("no texture for a test");
+    if (sSpy != nullptr) sSpy->textures.push_back({format, access, w, h, texture});
+    return texture;
+}
+
+SDL_Texture* SDL_CreateTextureFromSurface(SDL_Renderer* renderer, SDL_Surface* surface) {
+    static const auto create = sdlFunction<decltype(SDL_CreateTextureFromSurface)>("SDL_CreateTextureFromSurface");
+    if (sSpy != nullptr) sSpy->texturedSurfaces.push_back(surface);
+    if (sSpy == nullptr || !sSpy->failTexturesFromSurfaces) return create(renderer, surface);
+    SDL_SetError("no texture for a test");
+    return nullptr;
+}
+
+SDL_Surface* SDL_CreateRGBSurface(Uint32 flags, int width, int height, int depth, Uint32 red, Uint32 green, Uint32 blue,
+                                  Uint32 alpha) {
+    static const auto create = sdlFunction<decltype(SDL_CreateRGBSurface)>("SDL_CreateRGBSurface");
+    if (sSpy != nullptr) {
+        sSpy->surfaces.push_back({width, height, depth, red, green, blue, alpha});
+        const int from = sSpy->failSurfacesFrom;
+        if (from > 0 && static_cast<int>(sSpy->surfaces.size()) >= from) return nullptr;
+    }
+    return create(flags, width, height, depth, red, green, blue, alpha);
+}
+}

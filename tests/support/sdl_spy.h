@@ -1,0 +1,54 @@
+// Watches SDL make windows, renderers, textures and surfaces, and lets it fail on demand. While none lives, the calls
+// pass straight through; at most one lives at a time.
+#pragma once
+#include <SDL.h>
+
+#include <string>
+#include <vector>
+
+namespace ostreltest {
+
+class SdlSpy {
+public:
+    SdlSpy();
+    ~SdlSpy();
+    SdlSpy(const SdlSpy&) = delete;
+    SdlSpy& operator=(const SdlSpy&) = delete;
+
+    struct WindowCall {
+        std::string title;
+        int x, y, width, height;
+        Uint32 flags;
+        SDL_Window* window;
+    };
+    struct RendererCall {
+        SDL_Window* window;
+        int index;
+        Uint32 flags;
+    };
+    struct TextureCall {
+        Uint32 format;
+        int access, width, height;
+        SDL_Texture* texture;
+    };
+    struct SurfaceCall {
+        int width, height, depth;
+        Uint32 redMask, greenMask, blueMask, alphaMask;
+    };
+
+    // What was asked for, failed calls included.
+    std::vector<WindowCall> windows;
+    std::vector<RendererCall> renderers;
+    std::vector<TextureCall> textures;           // SDL_CreateTexture
+    std::vector<SurfaceCall> surfaces;           // SDL_CreateRGBSurface
+    std::vector<SDL_Surface*> texturedSurfaces;  // SDL_CreateTextureFromSurface
+
+    // Which calls fail; a number counts calls from the spy's making, 1 is the first.
+    bool failWindows = false;
+    bool failRenderers = false;
+    bool failTextures = false;
+    bool failTexturesFromSurfaces = false;
+    int failSurfacesFrom = 0;
+};
+
+}  // namespace ostreltest
