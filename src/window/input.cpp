@@ -2,16 +2,13 @@
 
 #include <unistd.h>
 
+#include "graphics/screen_internal.h"
 #include "ostrel/host.h"
 #include "ostrel/log.h"
 #include "platform/device_paths.h"
 #include "window/key_click.h"
 #include "window/key_map.h"
 #include "window/key_repeat.h"
-
-namespace ostrel {
-void quitSdl();
-}  // namespace ostrel
 
 using ostrel::DevicePath;
 

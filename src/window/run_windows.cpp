@@ -2,15 +2,12 @@
 
 #include <algorithm>
 
+#include "graphics/screen_internal.h"
 #include "ostrel/log.h"
 #include "ostrel/screen.h"
 #include "ostrel/window.h"
 #include "window/frame_pacing.h"
 #include "window/key_repeat.h"
-
-namespace ostrel {
-void quitSdl();
-}  // namespace ostrel
 
 std::vector<OstrelWindow*>* gWinList = nullptr;
 std::vector<OstrelWindow*> gPopupList;

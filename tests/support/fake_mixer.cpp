@@ -1,0 +1,108 @@
+#include "support/fake_mixer.h"
+
+#include <dlfcn.h>
+
+#include <mutex>
+
+namespace {
+
+struct MixerState {
+    std::mutex lock;  // the key-repeat thread clicks too
+    bool faked = false;
+    bool open = true;
+    std::string playError;
+    std::vector<std::string> calls;
+    Mix_Chunk* lastChunk = nullptr;
+};
+
+MixerState& state() {
+    static auto* instance = new MixerState;
+    return *instance;
+}
+
+template <typename Function>
+Function real(const char* name) {
+    return reinterpret_cast<Function>(dlsym(RTLD_NEXT, name));
+}
+
+}  // namespace
+
+// The library binds to these, because a program's definitions come before those of its libraries.
+int Mix_QuerySpec(int* frequency, Uint16* format, int* channels) {
+    {
+        MixerState& mixer = state();
+        const std::lock_guard<std::mutex> guard(mixer.lock);
+        if (mixer.faked) return mixer.open ? 1 : 0;
+    }
+    return real<int (*)(int*, Uint16*, int*)>("Mix_QuerySpec")(frequency, format, channels);
+}
+
+int Mix_HaltChannel(int channel) {
+    {
+        MixerState& mixer = state();
+        const std::lock_guard<std::mutex> guard(mixer.lock);
+        if (mixer.faked) {
+            mixer.calls.push_back("halt " + std::to_string(channel));
+            return 0;
+        }
+    }
+    return real<int (*)(int)>("Mix_HaltChannel")(channel);
+}
+
+int Mix_PlayChannelTimed(int channel, Mix_Chunk* chunk, int loops, int ticks) {
+    {
+        MixerState& mixer = state();
+        const std::lock_guard<std::mutex> guard(mixer.lock);
+        if (mixer.faked) {
+            mixer.calls.push_back("play " + std::to_string(channel) + " " + std::to_string(loops) + " " +
+                                  std::to_string(ticks));
+            mixer.lastChunk = chunk;
+            return mixer.playError.empty() ? 0 : SDL_SetError("%s", mixer.playError.c_str());
+        }
+    }
+    return real<int (*)(int, Mix_Chunk*, int, int)>("Mix_PlayChannelTimed")(channel, chunk, loops, ticks);
+}
+
+namespace ostreltest {
+
+FakeMixer::FakeMixer() {
+    MixerState& mixer = state();
+    const std::lock_guard<std::mutex> guard(mixer.lock);
+    mixer.faked = true;
+    mixer.open = true;
+    mixer.playError.clear();
+    mixer.calls.clear();
+    mixer.lastChunk = nullptr;
+}
+
+FakeMixer::~FakeMixer() {
+    const std::lock_guard<std::mutex> guard(state().lock);
+    state().faked = false;
+}
+
+void FakeMixer::close() {
+    const std::lock_guard<std::mutex> guard(state().lock);
+    state().open = false;
+}
+
+void FakeMixer::failPlaying(const std::string& error) {
+    const std::lock_guard<std::mutex> guard(state().lock);
+    state().playError = error;
+}
+
+std::vector<std::string> FakeMixer::calls() const {
+    const std::lock_guard<std::mutex> guard(state().lock);
+    return state().calls;
+}
+
+Mix_Chunk* FakeMixer::lastChunk() const {
+    const std::lock_guard<std::mutex> guard(state().lock);
+    return state().lastChunk;
+}
+
+void FakeMixer::clear() {
+    const std::lock_guard<std::mutex> guard(state().lock);
+    state().calls.clear();
+}
+
+}  // namespace ostreltest
