@@ -437,7 +437,7 @@ TEST_F(Snapshot, IsTransparentWhereTheTargetIsSmaller) {
 TEST_F(Snapshot, WithoutMemoryIsASurfaceThatDrawsNothing) {
     ScreenInit(64, 48, 32, 0);
     SdlSpy spy;
-    spy.failSurfacesFrom = 1;
+    spy.failSurface = [](const auto&) { return true; };
     LogCapture log;
     const auto snapshot = take();
     ASSERT_NE(snapshot, nullptr);

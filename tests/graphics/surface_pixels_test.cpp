@@ -296,7 +296,7 @@ TEST_F(GetPixels, WithoutMemoryAreNullAndTheCopyStays) {
     const auto surface = plainSurface(20, 10, kRed);
     const void* before = inside(surface)->mSurface;
     SdlSpy spy;
-    spy.failSurfacesFrom = 1;
+    spy.failSurface = [](const auto&) { return true; };
     EXPECT_EQ(pixelsOf(surface, 0, 0).pixels, nullptr);
     EXPECT_EQ(inside(surface)->mSurface, before);
 }
@@ -444,11 +444,17 @@ TEST_F(RotateSurfaceTest, MakesATargetThatHoldsTheTurnedPicture) {
     const struct {
         int degrees, width, height;
     } rows[] = {
-        {0, 100, 50},   {90, 50, 100},  {180, 100, 50}, {270, 50, 100},
-        {-90, 50, 100}, {360, 100, 50}, {30, 111, 93},  // 100 * 0.8660 + 50 * 0.5 = 111.60; 100 * 0.5 + 50 * 0.8660
-                                                        // = 93.30
-        {45, 106, 106},                                 // 150 * 0.70711 = 106.07
-        {120, 93, 111}, {-30, 111, 93},
+        {0, 100, 50},
+        {90, 50, 100},
+        {180, 100, 50},
+        {270, 50, 100},
+        {-90, 50, 100},
+        {360, 100, 50},
+        {30, 111, 93},   // 100 * 0.8660 + 50 * 0.5 = 111.60; 100 * 0.5 + 50 * 0.8660
+                         // = 93.30
+        {45, 106, 106},  // 150 * 0.70711 = 106.07
+        {120, 93, 111},
+        {-30, 111, 93},
     };
     for (const auto& row : rows) {
         SdlSpy spy;
@@ -511,7 +517,7 @@ TEST_F(RotateSurfaceTest, IsNullWithoutANewTexture) {
 TEST_F(RotateSurfaceTest, HasNoPixelsWithoutMemory) {
     const auto surface = markedSurface(4, 2);
     SdlSpy spy;
-    spy.failSurfacesFrom = 1;
+    spy.failSurface = [](const auto&) { return true; };
     const std::unique_ptr<OstrelSurface> turned(RotateSurface(surface.get(), 90));
     ASSERT_NE(turned, nullptr);
     EXPECT_EQ(inside(turned)->mSurface, nullptr);

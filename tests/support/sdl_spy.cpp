@@ -31,7 +31,7 @@ SdlSpy::~SdlSpy() { sSpy = nullptr; }
 extern "C" {
 
 SDL_Window* SDL_CreateWindow(const char* title, int x, int y, int w, int h, Uint32 flags) {
-    static const auto create = sdlFunction<decltype(SDL_CreateWindow)>("SDL_CreateWindow");
+    static auto* create = sdlFunction<decltype(SDL_CreateWindow)>("SDL_CreateWindow");
     const bool fails = sSpy != nullptr && sSpy->failWindows;
     SDL_Window* window = fails ? nullptr : create(title, x, y, w, h, flags);
     if (sSpy != nullptr) sSpy->windows.push_back({title, x, y, w, h, flags, window});
@@ -39,13 +39,13 @@ SDL_Window* SDL_CreateWindow(const char* title, int x, int y, int w, int h, Uint
 }
 
 SDL_Renderer* SDL_CreateRenderer(SDL_Window* window, int index, Uint32 flags) {
-    static const auto create = sdlFunction<decltype(SDL_CreateRenderer)>("SDL_CreateRenderer");
+    static auto* create = sdlFunction<decltype(SDL_CreateRenderer)>("SDL_CreateRenderer");
     if (sSpy != nullptr) sSpy->renderers.push_back({window, index, flags});
     return sSpy != nullptr && sSpy->failRenderers ? nullptr : create(window, index, flags);
 }
 
 SDL_Texture* SDL_CreateTexture(SDL_Renderer* renderer, Uint32 format, int access, int w, int h) {
-    static const auto create = sdlFunction<decltype(SDL_CreateTexture)>("SDL_CreateTexture");
+    static auto* create = sdlFunction<decltype(SDL_CreateTexture)>("SDL_CreateTexture");
     const bool fails = sSpy != nullptr && sSpy->failTextures;
     SDL_Texture* texture = fails ? nullptr : create(renderer, format, access, w, h);
     if (fails) SDL_SetError("no texture for a test");
@@ -54,21 +54,20 @@ SDL_Texture* SDL_CreateTexture(SDL_Renderer* renderer, Uint32 format, int access
 }
 
 SDL_Texture* SDL_CreateTextureFromSurface(SDL_Renderer* renderer, SDL_Surface* surface) {
-    static const auto create = sdlFunction<decltype(SDL_CreateTextureFromSurface)>("SDL_CreateTextureFromSurface");
+    static auto* create = sdlFunction<decltype(SDL_CreateTextureFromSurface)>("SDL_CreateTextureFromSurface");
     if (sSpy != nullptr) sSpy->texturedSurfaces.push_back(surface);
     if (sSpy == nullptr || !sSpy->failTexturesFromSurfaces) return create(renderer, surface);
     SDL_SetError("no texture for a test");
     return nullptr;
 }
 
-SDL_Surface* SDL_CreateRGBSurface(Uint32 flags, int width, int height, int depth, Uint32 red, Uint32 green, Uint32 blue,
-                                  Uint32 alpha) {
-    static const auto create = sdlFunction<decltype(SDL_CreateRGBSurface)>("SDL_CreateRGBSurface");
+SDL_Surface* SDL_CreateRGBSurface(Uint32 flags, int width, int height, int depth, Uint32 Rmask, Uint32 Gmask,
+                                  Uint32 Bmask, Uint32 Amask) {
+    static auto* create = sdlFunction<decltype(SDL_CreateRGBSurface)>("SDL_CreateRGBSurface");
     if (sSpy != nullptr) {
-        sSpy->surfaces.push_back({width, height, depth, red, green, blue, alpha});
-        const int from = sSpy->failSurfacesFrom;
-        if (from > 0 && static_cast<int>(sSpy->surfaces.size()) >= from) return nullptr;
+        sSpy->surfaces.push_back({width, height, depth, Rmask, Gmask, Bmask, Amask});
+        if (sSpy->failSurface && sSpy->failSurface(sSpy->surfaces.back())) return nullptr;
     }
-    return create(flags, width, height, depth, red, green, blue, alpha);
+    return create(flags, width, height, depth, Rmask, Gmask, Bmask, Amask);
 }
 }

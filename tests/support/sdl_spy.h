@@ -3,6 +3,7 @@
 #pragma once
 #include <SDL.h>
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -43,12 +44,12 @@ public:
     std::vector<SurfaceCall> surfaces;           // SDL_CreateRGBSurface
     std::vector<SDL_Surface*> texturedSurfaces;  // SDL_CreateTextureFromSurface
 
-    // Which calls fail; a number counts calls from the spy's making, 1 is the first.
+    // Which calls fail.
     bool failWindows = false;
     bool failRenderers = false;
     bool failTextures = false;
     bool failTexturesFromSurfaces = false;
-    int failSurfacesFrom = 0;
+    std::function<bool(const SurfaceCall&)> failSurface;
 };
 
 }  // namespace ostreltest
