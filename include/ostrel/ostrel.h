@@ -13,6 +13,7 @@
 #include "ostrel/lru_cache.h"
 #include "ostrel/menu_item.h"
 #include "ostrel/pinyin.h"
+#include "ostrel/power.h"
 #include "ostrel/scaler.h"
 #include "ostrel/screen.h"
 #include "ostrel/skin.h"

@@ -20,6 +20,14 @@ constexpr std::array<const char*, kPathCount> kLiteralPaths = {
     "/tmp/stay_awake",
     "/tmp/ostrel_inputd/grab",
     "/tmp/osdd_show_up",
+    "/sys/class/power_supply/axp2202-battery/status",
+    "/sys/class/power_supply/axp2202-battery/capacity",
+    "/sys/class/power_supply/axp2202-usb/online",
+    "/etc/wifi/sockets",
+    "/tmp/wpa_status.txt",
+    "/tmp/btdev_addr",
+    "/tmp/bluetooth_ready",
+    "/dev/dsp1",
 };
 
 struct RootedPaths {

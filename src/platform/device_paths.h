@@ -15,6 +15,14 @@ enum class DevicePath {
     StayAwakeMarker,  // exists: other programs keep the console awake
     InputGrabMarker,  // exists: another program holds the input device
     DisplayUpMarker,  // exists: the on-screen display of another program owns the input
+    BatteryStatus,    // attributes of the power chip
+    BatteryCapacity,
+    UsbOnline,
+    WpaSockets,         // the folder of the supplicant's control sockets
+    WpaOutput,          // what wpa_cli answered last
+    BluetoothAddress,   // exists: a device is paired
+    BluetoothReady,     // exists: ... and connected
+    SecondSoundDevice,  // readable while audio is plugged in
     Count
 };
 

@@ -30,6 +30,14 @@ TEST_F(DevicePathsTest, WithoutARootPathsAreLiteral) {
         {DevicePath::StayAwakeMarker, "/tmp/stay_awake"},
         {DevicePath::InputGrabMarker, "/tmp/ostrel_inputd/grab"},
         {DevicePath::DisplayUpMarker, "/tmp/osdd_show_up"},
+        {DevicePath::BatteryStatus, "/sys/class/power_supply/axp2202-battery/status"},
+        {DevicePath::BatteryCapacity, "/sys/class/power_supply/axp2202-battery/capacity"},
+        {DevicePath::UsbOnline, "/sys/class/power_supply/axp2202-usb/online"},
+        {DevicePath::WpaSockets, "/etc/wifi/sockets"},
+        {DevicePath::WpaOutput, "/tmp/wpa_status.txt"},
+        {DevicePath::BluetoothAddress, "/tmp/btdev_addr"},
+        {DevicePath::BluetoothReady, "/tmp/bluetooth_ready"},
+        {DevicePath::SecondSoundDevice, "/dev/dsp1"},
     };
     for (const auto& [path, text] : expected) {
         EXPECT_STREQ(devicePath(path), text);
