@@ -25,4 +25,5 @@
 #include "ostrel/text_menu_drawer.h"
 #include "ostrel/thread_safety.h"
 #include "ostrel/utf8_string.h"
+#include "ostrel/wifi.h"
 #include "ostrel/window.h"
