@@ -80,10 +80,15 @@ private:
 /// One step of a walk over a text: a code point and the bytes that it stands in.
 class OSTREL_API Utf8String::Iterator {
 public:
+    /// What * gives is made anew each time, so this is no more than an input iterator.
     using iterator_category = std::input_iterator_tag;
+    /// A code point.
     using value_type = uint32_t;
+    /// Steps from one iterator to another.
     using difference_type = std::ptrdiff_t;
+    /// Not used: no decoded code point stands in memory.
     using pointer = const uint32_t*;
+    /// What * gives.
     using reference = uint32_t;
 
     /// A walk over the bytes from @p position up to @p end, neither of them null.
@@ -92,7 +97,9 @@ public:
     uint32_t operator*() const;
     /// Goes on to the next code point. Not for the end of the text.
     Iterator& operator++();
+    /// @return whether both stand at the same byte. Both belong to the same text.
     bool operator==(const Iterator& other) const { return mPosition == other.mPosition; }
+    /// @return whether they stand at different bytes.
     bool operator!=(const Iterator& other) const { return mPosition != other.mPosition; }
     /// @return the first byte of the code point.
     const char* position() const { return mPosition; }

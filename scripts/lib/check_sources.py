@@ -17,7 +17,7 @@ STEPS = ["platform", "graphics settings device", "i18n", "window", "menu", "dial
 STEP = {folder: step for step, folders in enumerate(STEPS) for folder in folders.split()}
 DIALOG_SOURCES = re.compile(r"src/window/(dialog|popup|float)[a-z_]*\.(cpp|h)$")
 PUBLIC_HEADERS = {
-    "platform": "export host device_root log file_utils lru_cache bg_work_thread utf8_string",
+    "platform": "export thread_safety host device_root log file_utils lru_cache bg_work_thread utf8_string",
     "graphics": "screen surface image scaler text skin",
     "settings": "system_state system_settings",
     "device": "wifi power",
