@@ -1,7 +1,8 @@
-// Watches SDL make windows, renderers, textures and surfaces, and lets it fail on demand. While none lives, the calls
-// pass straight through; at most one lives at a time.
+// Watches SDL make windows, renderers, textures, surfaces and pictures of text, and open files; lets it fail on demand.
+// While none lives, the calls pass straight through; at most one lives at a time.
 #pragma once
 #include <SDL.h>
+#include <SDL_ttf.h>
 
 #include <functional>
 #include <string>
@@ -36,6 +37,11 @@ public:
         int width, height, depth;
         Uint32 redMask, greenMask, blueMask, alphaMask;
     };
+    struct FontCall {
+        std::string path;
+        int size;
+        TTF_Font* font;
+    };
 
     // What was asked for, failed calls included.
     std::vector<WindowCall> windows;
@@ -43,6 +49,10 @@ public:
     std::vector<TextureCall> textures;           // SDL_CreateTexture
     std::vector<SurfaceCall> surfaces;           // SDL_CreateRGBSurface
     std::vector<SDL_Surface*> texturedSurfaces;  // SDL_CreateTextureFromSurface
+    std::vector<std::string> renderedTexts;      // TTF_RenderUTF8_Blended
+    std::vector<FontCall> fonts;                 // TTF_OpenFont
+    std::vector<TTF_Font*> closedFonts;          // TTF_CloseFont
+    std::vector<std::string> decodedImages;      // IMG_Load
 
     // Which calls fail.
     bool failWindows = false;
