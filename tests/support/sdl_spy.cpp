@@ -74,26 +74,26 @@ SDL_Surface* SDL_CreateRGBSurface(Uint32 flags, int width, int height, int depth
 }
 
 SDL_Surface* TTF_RenderUTF8_Blended(TTF_Font* font, const char* text, SDL_Color fg) {
-    static const auto render = sdlFunction<decltype(TTF_RenderUTF8_Blended)>("TTF_RenderUTF8_Blended");
+    static auto* render = sdlFunction<decltype(TTF_RenderUTF8_Blended)>("TTF_RenderUTF8_Blended");
     if (sSpy != nullptr) sSpy->renderedTexts.emplace_back(text);
     return render(font, text, fg);
 }
 
 TTF_Font* TTF_OpenFont(const char* file, int ptsize) {
-    static const auto open = sdlFunction<decltype(TTF_OpenFont)>("TTF_OpenFont");
+    static auto* open = sdlFunction<decltype(TTF_OpenFont)>("TTF_OpenFont");
     TTF_Font* font = open(file, ptsize);
     if (sSpy != nullptr) sSpy->fonts.push_back({file, ptsize, font});
     return font;
 }
 
 void TTF_CloseFont(TTF_Font* font) {
-    static const auto close = sdlFunction<decltype(TTF_CloseFont)>("TTF_CloseFont");
+    static auto* close = sdlFunction<decltype(TTF_CloseFont)>("TTF_CloseFont");
     if (sSpy != nullptr) sSpy->closedFonts.push_back(font);
     close(font);
 }
 
 SDL_Surface* IMG_Load(const char* file) {
-    static const auto load = sdlFunction<decltype(IMG_Load)>("IMG_Load");
+    static auto* load = sdlFunction<decltype(IMG_Load)>("IMG_Load");
     if (sSpy != nullptr) sSpy->decodedImages.emplace_back(file);
     return load(file);
 }
