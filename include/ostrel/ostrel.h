@@ -1,6 +1,7 @@
 /// @file  ostrel.h: every public header of the library.
 #pragma once
 #include "ostrel/bars.h"
+#include "ostrel/bg_work_thread.h"
 #include "ostrel/device_root.h"
 #include "ostrel/export.h"
 #include "ostrel/file_utils.h"
