@@ -317,6 +317,10 @@ TEST_F(LangFolderTest, AnyOtherNameIsRead) {
     EXPECT_THAT(fileNames(readAll()), UnorderedElementsAre("en.lang", "readme.txt", ".hidden"));
 }
 
+void PrintTo(DirectoryOrder::Types types, std::ostream* out) {
+    *out << (types == DirectoryOrder::Types::Told ? "told" : "unknown");
+}
+
 class LangFolderTypesTest : public LangFolderTest, public ::testing::WithParamInterface<DirectoryOrder::Types> {};
 
 TEST_P(LangFolderTypesTest, OnlyRegularFilesAreRead) {

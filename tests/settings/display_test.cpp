@@ -35,6 +35,8 @@ struct DisplayRow {
     std::vector<std::pair<int, const char*>> levels;  // every level and the text written for it
 };
 
+void PrintTo(const DisplayRow& row, std::ostream* out) { *out << row.name; }
+
 const DisplayRow kBrightness = {
     "Brightness",
     "enhance_bright",

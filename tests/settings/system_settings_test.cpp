@@ -51,6 +51,8 @@ struct LocaleRow {
     const char* lang;
 };
 
+void PrintTo(const LocaleRow& row, std::ostream* out) { *out << row.languageFile; }
+
 class LocaleTest : public SystemSettingsTest, public ::testing::WithParamInterface<LocaleRow> {};
 
 TEST_P(LocaleTest, KnownLanguageSetsTheLocaleOfTheProcess) {
