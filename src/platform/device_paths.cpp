@@ -13,6 +13,7 @@ constexpr std::array<const char*, kPathCount> kLiteralPaths = {
     "/proc",
     "/mnt/SDCARD/features.json",
     "/usr/ostrel/features.json",
+    "/mnt/UDISK/system.json",
     "/sys/devices/virtual/disp/disp/attr/enhance_bright",
     "/sys/devices/virtual/disp/disp/attr/enhance_contrast",
     "/sys/devices/virtual/disp/disp/attr/color_temperature",

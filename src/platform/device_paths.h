@@ -8,6 +8,7 @@ enum class DevicePath {
     Proc,               // one directory per process
     FeaturesOnCard,     // optional hardware features, the player's card first
     FeaturesBuiltIn,    // ... and the console's own
+    SettingsFile,       // what the player has set
     DisplayBrightness,  // attributes of the display engine
     DisplayContrast,
     DisplayTemperature,
