@@ -216,7 +216,7 @@ TEST_F(ListMenuTest, RestorePosLeavesAnInvalidRangeOutAndKeepsTheCursor) {
     EXPECT_EQ(list.mCurIndex, 5);
     EXPECT_EQ(list.mFirstIndex, 1);
     EXPECT_EQ(list.mLastIndex, 6);
-    for (const std::pair<int, int> range : {std::pair{-1, 5}, {2, -1}, {10, 9}, {0, 10}}) {
+    for (const std::pair<int, int>& range : {std::pair{-1, 5}, {2, -1}, {10, 9}, {0, 10}}) {
         list.restorePos(5, range.first, range.second);
         EXPECT_EQ(list.mFirstIndex, 1);
         EXPECT_EQ(list.mLastIndex, 6);
@@ -304,7 +304,7 @@ TEST_F(ListMenuTest, UpHandsAnyPositiveResultOfMoveBackwardToTheOwner) {
         int moveBackward() override { return result; }
         int result = 0;
     } list(10);
-    for (const std::pair<int, int> expected : {std::pair{3, 3}, {2000, 2000}, {0, 5}, {-1, 5}}) {
+    for (const std::pair<int, int>& expected : {std::pair{3, 3}, {2000, 2000}, {0, 5}, {-1, 5}}) {
         list.result = expected.first;
         EXPECT_EQ(list.handleEvent(kUp), expected.second);
     }
