@@ -5,7 +5,9 @@
 
 #include <chrono>
 #include <condition_variable>
+#include <iterator>
 #include <mutex>
+#include <set>
 #include <thread>
 
 #include "ostrel/log.h"
@@ -19,6 +21,9 @@ struct ClockState {
     uint64_t nowUs = 0;
     std::thread::id owner;
     std::vector<uint64_t> sleeps;
+    std::multiset<uint64_t> wakeTimes;  // of the other threads, in microseconds
+
+    std::ptrdiff_t sleepers() const { return std::distance(wakeTimes.upper_bound(nowUs), wakeTimes.end()); }
 };
 
 ClockState& state() {
@@ -36,10 +41,11 @@ uint64_t systemms() {
         if (clock.driven) return clock.nowUs / 1000;
     }
     using Clock = uint64_t (*)();
-    static const auto librarys = reinterpret_cast<Clock>(dlsym(RTLD_NEXT, "_Z8systemmsv"));
-    return librarys();
+    static const auto kLibraryClock = reinterpret_cast<Clock>(dlsym(RTLD_NEXT, "_Z8systemmsv"));
+    return kLibraryClock();
 }
 
+// NOLINTNEXTLINE(readability-inconsistent-declaration-parameter-name): the system's name for it is a reserved one.
 extern "C" int usleep(useconds_t us) {
     ClockState& clock = state();
     std::unique_lock<std::mutex> guard(clock.lock);
@@ -55,7 +61,10 @@ extern "C" int usleep(useconds_t us) {
         return 0;
     }
     const uint64_t wakeUs = clock.nowUs + us;
+    const auto wakeTime = clock.wakeTimes.insert(wakeUs);
+    clock.moved.notify_all();
     clock.moved.wait(guard, [&] { return !clock.driven || clock.nowUs >= wakeUs; });
+    clock.wakeTimes.erase(wakeTime);
     return 0;
 }
 
@@ -101,6 +110,12 @@ std::vector<uint64_t> DrivenClock::sleeps() const {
     ClockState& clock = state();
     const std::lock_guard<std::mutex> guard(clock.lock);
     return clock.sleeps;
+}
+
+bool DrivenClock::waitForSleepers(std::ptrdiff_t count) const {
+    ClockState& clock = state();
+    std::unique_lock<std::mutex> guard(clock.lock);
+    return clock.moved.wait_for(guard, std::chrono::seconds(30), [&] { return clock.sleepers() == count; });
 }
 
 }  // namespace ostreltest

@@ -2,6 +2,7 @@
 // time stands still until the test moves it, and a sleep of the test's thread moves it by its length. On any other
 // thread usleep waits until the clock has moved far enough. Without one, both are the real thing.
 #pragma once
+#include <cstddef>
 #include <cstdint>
 #include <vector>
 
@@ -18,6 +19,8 @@ public:
     void set(uint64_t ms);
     void advance(uint64_t ms);
     std::vector<uint64_t> sleeps() const;  // microseconds of every usleep of the test's thread, in order
+    // Waits until exactly so many other threads sleep past the present time; false when that takes half a minute.
+    bool waitForSleepers(std::ptrdiff_t count) const;
 };
 
 }  // namespace ostreltest
