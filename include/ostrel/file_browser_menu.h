@@ -1,0 +1,49 @@
+/// @file  file_browser_menu.h: a list menu that walks the directories below a base directory.
+/// Threads: UI thread only.  Rows: made by the host's file_handler (host.h); what choosing one does is its action.
+#pragma once
+#include <string>
+#include <vector>
+
+#include "ostrel/dir_browser.h"
+#include "ostrel/export.h"
+#include "ostrel/menu_item.h"
+#include "ostrel/text_menu_drawer.h"
+
+/// Code of the SDL user event that asks a FileBrowserMenu for another directory. The action of a folder row posts it
+/// with data1 pointing to the whole path, which must stay valid until the menu has handled the event; a path that ends
+/// in ".." or "../" goes up. Also what eventHandling returns for a key that changed the directory or did nothing.
+constexpr int FILE_BROWSER_CHANGE_DIR = 26;
+
+/// A list of a directory's entries, with the way down (the event above) and up (the key that does not confirm).
+class OSTREL_API FileBrowserMenu : public TextMenuDrawer {
+public:
+    /// @param baseDir the root of the tree, which the user cannot leave upwards. @param startDir the directory to open
+    ///        first, or null for the base. The other arguments as for TextMenuDrawer, in this order. Loads nothing yet.
+    FileBrowserMenu(const char* baseDir, const char* startDir, const char* selBgPath, const char* normalBgPath,
+                    int ySpace, int rowsPerPage);
+    /// Deletes every item.
+    ~FileBrowserMenu() override;
+
+    /// Reads one input and moves through the list and the tree.
+    /// @return WIN_BACK when the user goes back at the base directory, FILE_BROWSER_CHANGE_DIR for a change of
+    ///         directory and for the back key's other half, else what ListMenu::handleEvent gave.
+    int eventHandling() override;
+    TextMenuItem* getItemByIndex(int index) override;
+    void draw() override;
+    int getListNum() override;
+
+    /// Loads the first directory; call it before the first draw. @return its rows, owned by the browser.
+    std::vector<void*>* LoadDir();
+    /// @return the current directory, null before LoadDir.
+    const char* getCurrentDir();
+
+    std::string baseDir;          ///< the root of the tree
+    std::string startDir;         ///< the directory to open first; empty for the base
+    DirBrowser browser;           ///< loads and keeps the lists, with file_filter and file_handler
+    std::vector<void*>* curList;  ///< the rows on show, owned by browser's cache; null before LoadDir
+
+private:
+    int goBack();
+    int changeDir(const SDL_Event& event);
+    void show(std::vector<void*>* list);
+};

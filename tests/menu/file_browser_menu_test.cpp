@@ -1,0 +1,293 @@
+#include "ostrel/file_browser_menu.h"
+
+#include <filesystem>
+
+#include "ostrel/window.h"
+#include "support/driven_clock.h"
+#include "support/fake_host.h"
+#include "support/log_capture.h"
+#include "support/screen_test.h"
+#include "support/virtual_joystick.h"
+
+namespace fs = std::filesystem;
+
+namespace {
+
+using ostreltest::drainEvents;
+using ostreltest::host;
+using ostreltest::LogCapture;
+using ostreltest::pushKey;
+using ostreltest::pushUser;
+using Labels = std::vector<std::string>;
+
+constexpr int kRowsPerPage = 5;
+constexpr int kGap = 10;
+
+class FileBrowserMenuTest : public ostreltest::ScreenTest {
+protected:
+    FileBrowserMenuTest() {
+        host().handler = [](const char* name, const char*, int) {
+            return new TextMenuItem(name, nullptr, nullptr, false);
+        };
+        drainEvents();
+    }
+
+    void file(const std::string& name) { device().write(name, "x"); }
+    std::string roms() { return device().path("roms"); }
+    FileBrowserMenu& open(const char* start = nullptr) {
+        menu = std::make_unique<FileBrowserMenu>(roms().c_str(), start, nullptr, nullptr, kGap, kRowsPerPage);
+        menu->LoadDir();
+        return *menu;
+    }
+    int press(SDL_Keycode key, Uint32 type = SDL_KEYUP) {
+        pushKey(type, key);
+        return menu->eventHandling();
+    }
+    int pressA() { return press(SDLK_SPACE); }
+    int pressB() { return press(SDLK_LCTRL); }
+    int changeTo(std::string path) {
+        pushUser(26, path.data());
+        return menu->eventHandling();
+    }
+    Labels labels() {
+        Labels result;
+        for (int i = 0; i < menu->getListNum(); ++i) result.push_back(menu->getItemByIndex(i)->getLabel());
+        return result;
+    }
+
+    std::unique_ptr<FileBrowserMenu> menu;
+};
+
+TEST_F(FileBrowserMenuTest, LoadsNothingBeforeLoadDir) {
+    file("roms/game");
+    FileBrowserMenu fresh(roms().c_str(), nullptr, nullptr, nullptr, kGap, kRowsPerPage);
+    EXPECT_EQ(fresh.curList, nullptr);
+    EXPECT_EQ(fresh.getListNum(), 0);
+    EXPECT_EQ(fresh.getItemByIndex(0), nullptr);
+    EXPECT_EQ(fresh.getCurrentDir(), nullptr);
+    EXPECT_EQ(fresh.baseDir, roms());
+    EXPECT_EQ(fresh.startDir, "");
+    fresh.draw();
+}
+
+TEST_F(FileBrowserMenuTest, GapAndRowsReachTheDrawerInTheirPlaces) {
+    FileBrowserMenu fresh("/x", nullptr, nullptr, nullptr, /*ySpace=*/10, /*itemsPerPage=*/5);
+    EXPECT_EQ(fresh.mYSpaceInList, 10);
+    EXPECT_EQ(fresh.itemsPerPage, 5);
+    EXPECT_EQ(fresh.mItemHeight, (580 - 40) / 5);
+}
+
+TEST_F(FileBrowserMenuTest, LoadDirShowsTheBase) {
+    file("roms/b");
+    file("roms/a");
+    open();
+    EXPECT_EQ(labels(), (Labels{"a", "b"}));
+    EXPECT_EQ(menu->getCurrentDir(), roms());
+}
+
+TEST_F(FileBrowserMenuTest, LoadDirShowsTheStartWhenThereIsOne) {
+    file("roms/GBA/game");
+    open((roms() + "/GBA").c_str());
+    EXPECT_EQ(labels(), (Labels{"..", "game"}));
+    EXPECT_EQ(menu->getCurrentDir(), roms() + "/GBA");
+}
+
+TEST_F(FileBrowserMenuTest, TheHostsHandlerMakesTheRows) {
+    file("roms/game");
+    file("roms/note");
+    host().handler = [](const char* name, const char*, int type) -> TextMenuItem* {
+        EXPECT_EQ(type, 101);
+        return std::string(name) == "note" ? nullptr : new TextMenuItem("Made", nullptr, nullptr, false);
+    };
+    open();
+    EXPECT_EQ(labels(), (Labels{"Made"}));
+}
+
+TEST_F(FileBrowserMenuTest, RowsOutsideTheListAreNull) {
+    file("roms/game");
+    open();
+    EXPECT_EQ(menu->getItemByIndex(-1), nullptr);
+    EXPECT_EQ(menu->getItemByIndex(menu->getListNum()), nullptr);
+}
+
+TEST_F(FileBrowserMenuTest, BackAtTheBaseClosesTheWindow) {
+    file("roms/game");
+    open();
+    EXPECT_EQ(pressB(), 1002);
+}
+
+TEST_F(FileBrowserMenuTest, BackBelowTheBaseGoesUpToTheFirstRow) {
+    for (const char* name : {"roms/A/1", "roms/A/2", "roms/B/x", "roms/C/x"}) file(name);
+    open();
+    changeTo(roms() + "/A");
+    menu->mCurIndex = 2;
+    EXPECT_EQ(pressB(), 26);
+    EXPECT_EQ(labels(), (Labels{"A", "B", "C"}));
+    EXPECT_EQ(menu->mCurIndex, 0);
+    EXPECT_EQ(menu->mFirstIndex, 0);
+    EXPECT_EQ(menu->mLastIndex, 2);
+}
+
+TEST_F(FileBrowserMenuTest, WithBConfirmingAGoesBackAndBStays) {
+    file("roms/A/1");
+    host().shm.values[19] = 1;
+    open();
+    EXPECT_EQ(pressA(), 1002);
+    changeTo(roms() + "/A");
+    EXPECT_EQ(pressA(), 26);
+    EXPECT_EQ(labels(), (Labels{"A"}));
+}
+
+// The row's action gives 2, which reads as the B key: with B confirming, nothing moves.
+TEST_F(FileBrowserMenuTest, AnActionThatGivesTheConfirmKeyDoesNotMove) {
+    file("roms/A/1");
+    host().shm.values[19] = 1;
+    static GeneralAction sGivesTwo([](void*) { return 2; }, nullptr);
+    host().handler = [](const char* name, const char*, int) {
+        return new TextMenuItem(name, nullptr, &sGivesTwo, false);
+    };
+    open();
+    EXPECT_EQ(pressB(), 26);
+    EXPECT_EQ(menu->getCurrentDir(), roms());
+}
+
+TEST_F(FileBrowserMenuTest, AnActionThatGivesOneWithAConfirmingDoesNotMove) {
+    file("roms/A/1");
+    static GeneralAction sGivesOne([](void*) { return 1; }, nullptr);
+    host().handler = [](const char* name, const char*, int) {
+        return new TextMenuItem(name, nullptr, &sGivesOne, false);
+    };
+    open();
+    EXPECT_EQ(pressA(), 26);
+    EXPECT_EQ(menu->getCurrentDir(), roms());
+}
+
+TEST_F(FileBrowserMenuTest, AChangeRequestEntersTheDirectory) {
+    file("roms/A/1");
+    open();
+    LogCapture log;
+    EXPECT_EQ(changeTo(roms() + "/A"), 26);
+    const Labels lines = log.lines();
+    ASSERT_EQ(lines.size(), 4U);
+    EXPECT_EQ(lines[0], "change dir " + roms() + "/A");
+    EXPECT_EQ(lines[1], "loaddir " + roms() + "/A 2");
+    EXPECT_EQ(lines[3], "change dir return 26");
+    EXPECT_EQ(labels(), (Labels{"..", "1"}));
+}
+
+TEST_F(FileBrowserMenuTest, APathThatEndsInTwoDotsGoesUp) {
+    file("roms/A/1");
+    for (const char* ending : {"/A/..", "/A/../", "/A/x.."}) {
+        open((roms() + "/A").c_str());
+        EXPECT_EQ(changeTo(roms() + ending), 26);
+        EXPECT_EQ(menu->getCurrentDir(), roms()) << ending;
+    }
+}
+
+TEST_F(FileBrowserMenuTest, APathWithDotsInsideIsEntered) {
+    file("roms/A/..b/1");
+    open();
+    EXPECT_EQ(changeTo(roms() + "/A/..b"), 26);
+    EXPECT_EQ(menu->getCurrentDir(), roms() + "/A/..b");
+}
+
+TEST_F(FileBrowserMenuTest, ARequestWithoutAPathDoesNothing) {
+    file("roms/A/1");
+    open();
+    LogCapture log;
+    pushUser(26, nullptr);
+    EXPECT_EQ(menu->eventHandling(), 26);
+    EXPECT_EQ(log.text(), "");
+    EXPECT_EQ(menu->getCurrentDir(), roms());
+}
+
+TEST_F(FileBrowserMenuTest, AnActionThatGivesTheRequestsNumberCarriesNoPath) {
+    file("roms/A/1");
+    static GeneralAction sGives26([](void*) { return 26; }, nullptr);
+    host().handler = [](const char* name, const char*, int) {
+        return new TextMenuItem(name, nullptr, &sGives26, false);
+    };
+    open();
+    EXPECT_EQ(pressA(), 26);
+    EXPECT_EQ(menu->getCurrentDir(), roms());
+}
+
+// The path belongs to a row of the list that the change drops.
+TEST_F(FileBrowserMenuTest, TheRequestedPathMayGoWithTheOldList) {
+    file("roms/A/1");
+    open();
+    menu->getItemByIndex(0)->label = roms() + "/A";
+    for (int i = 0; i < 40001; ++i) menu->curList->push_back(nullptr);
+    menu->browser.cache.push_back({"other", std::make_unique<std::vector<void*>>()});
+    pushUser(26, menu->getItemByIndex(0)->label.data());
+    EXPECT_EQ(menu->eventHandling(), 26);
+    EXPECT_EQ(labels(), (Labels{"..", "1"}));
+}
+
+TEST_F(FileBrowserMenuTest, AShortListShowsAllItsRows) {
+    for (const char* name : {"roms/A/1", "roms/A/2"}) file(name);
+    open();
+    changeTo(roms() + "/A");
+    EXPECT_EQ(menu->mFirstIndex, 0);
+    EXPECT_EQ(menu->mLastIndex, 2);
+}
+
+TEST_F(FileBrowserMenuTest, ALongListShowsSixRows) {
+    for (int i = 0; i < 40; ++i) file("roms/A/" + std::to_string(i));
+    open();
+    menu->mCurIndex = 0;
+    changeTo(roms() + "/A");
+    EXPECT_EQ(menu->mLastIndex, 5);
+}
+
+TEST_F(FileBrowserMenuTest, AnEmptyDirectoryHasNoRowUnderTheCursor) {
+    file("roms/A/1");
+    host().handler = [](const char* name, const char*, int) -> TextMenuItem* {
+        return std::string(name) == "A" ? new TextMenuItem(name, nullptr, nullptr, false) : nullptr;
+    };
+    open();
+    EXPECT_EQ(changeTo(roms() + "/A"), 26);
+    EXPECT_EQ(menu->getListNum(), 0);
+    EXPECT_EQ(menu->select(), -1);
+    menu->draw();
+}
+
+TEST_F(FileBrowserMenuTest, ADirectoryThatVanishedShowsNothing) {
+    file("roms/A/1");
+    open();
+    fs::remove_all(roms() + "/A");
+    EXPECT_EQ(changeTo(roms() + "/A"), 26);
+    EXPECT_EQ(menu->getListNum(), 0);
+    EXPECT_EQ(pressB(), 26);
+    EXPECT_EQ(menu->getCurrentDir(), roms());
+}
+
+TEST_F(FileBrowserMenuTest, OtherKeysComeBackUnchanged) {
+    file("roms/a");
+    file("roms/b");
+    open();
+    EXPECT_EQ(press(SDLK_DOWN, SDL_KEYDOWN), 6);
+    EXPECT_EQ(menu->mCurIndex, 1);
+    EXPECT_EQ(press(SDLK_ESCAPE), 11);
+    menu->mWrapUp = false;
+    menu->mCurIndex = 0;
+    EXPECT_EQ(press(SDLK_UP, SDL_KEYDOWN), 1008);
+}
+
+TEST_F(FileBrowserMenuTest, AResultOfTheRowsActionComesBack) {
+    file("roms/a");
+    static GeneralAction sGivesSeventy([](void*) { return 70; }, nullptr);
+    host().handler = [](const char* name, const char*, int) {
+        return new TextMenuItem(name, nullptr, &sGivesSeventy, false);
+    };
+    open();
+    EXPECT_EQ(pressA(), 70);
+}
+
+TEST_F(FileBrowserMenuTest, NoEventIsZero) {
+    file("roms/a");
+    open();
+    EXPECT_EQ(menu->eventHandling(), 0);
+}
+
+}  // namespace
