@@ -3,6 +3,7 @@
 #include "ostrel/bars.h"
 #include "ostrel/bg_work_thread.h"
 #include "ostrel/device_root.h"
+#include "ostrel/dialog.h"
 #include "ostrel/dir_browser.h"
 #include "ostrel/export.h"
 #include "ostrel/file_browser_menu.h"
