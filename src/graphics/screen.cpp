@@ -1,6 +1,7 @@
 #include "ostrel/screen.h"
 
 #include <algorithm>
+#include <cassert>
 #include <cstdio>
 #include <vector>
 
@@ -10,6 +11,7 @@
 #include "ostrel/log.h"
 #include "ostrel/lru_cache.h"
 #include "ostrel/surface.h"
+#include "platform/ui_thread.h"
 
 SDL_Renderer* gRenderer = nullptr;
 
@@ -52,6 +54,7 @@ void releaseScreen() {
     if (!sStarted) return;
     for (LRUCache* cache : boundCaches()) cache->clear();
     ostrel::dropAllTextures();
+    ostrel::releaseUiThread();
     sStarted = false;
     if (!isWindowAlive()) return;
     const ostrel::WindowPtr window{sWindow};
@@ -61,7 +64,7 @@ void releaseScreen() {
 }
 
 // The panel is mounted turned: the logical picture lies centred on the window and is turned there. One pixel further to
-// the left than the exact centre is meant. (FlipTurnsThePictureOnePixelToTheLeft)
+// the left than the exact centre is meant. (TurnsThePictureOnePixelToTheLeft)
 void copyTurned(SDL_Renderer* renderer) {
     int width = 0;
     int height = 0;
@@ -75,6 +78,7 @@ void copyTurned(SDL_Renderer* renderer) {
 int ScreenInit(int width, int height, int depth, int rotate) {
     tprintf("ScreenInit %dx%d %d, rotate=%d\n", width, height, depth, rotate);
     releaseScreen();
+    ostrel::bindUiThread();
     sStarted = true;
     sScreenRotate = rotate;
     sTargetTexture = nullptr;
@@ -136,7 +140,10 @@ OstrelSurface* ScreenSnapshot() {
 
 namespace ostrel {
 
-SDL_Renderer* liveRenderer() { return sStarted && isWindowAlive() ? gRenderer : nullptr; }
+SDL_Renderer* liveRenderer() {
+    assert(isUiThread());
+    return sStarted && isWindowAlive() ? gRenderer : nullptr;
+}
 
 SDL_Texture* targetTexture() { return sTargetTexture; }
 

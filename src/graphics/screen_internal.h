@@ -11,7 +11,8 @@ namespace ostrel {
 constexpr Uint32 kPixelFormat = SDL_PIXELFORMAT_ABGR8888;
 
 // gRenderer while window and renderer exist, else null. SDL answers a null renderer with an error, so what is drawn
-// with it after the screen's end, or after a host's own SDL_Quit, fails instead of reading freed memory.
+// with it after the screen's end, or after a host's own SDL_Quit, fails instead of reading freed memory. Everything
+// that draws asks here, so this is where debug builds check that it does so on the UI thread.
 SDL_Renderer* liveRenderer();
 
 // The texture that surfaces are drawn into; null means the window.

@@ -49,7 +49,7 @@ int FillRectInternal(OstrelSurface* s, SDL_Rect* r, unsigned char r8, unsigned c
     SDL_Texture* texture = s != nullptr ? ostrel::textureOf(s) : ostrel::targetTexture();
     if (texture == nullptr) return fill(renderer, r, colour, mode);
     // A loaded image cannot be drawn on: filling all the same would paint the screen.
-    // (FillOfAnImageLeavesTheScreenAlone)
+    // (OfAnImageLeavesTheScreenAlone)
     const ostrel::RenderTargetScope target(renderer, texture);
     return target.isSet() ? fill(renderer, r, colour, mode) : -1;
 }

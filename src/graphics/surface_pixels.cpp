@@ -100,7 +100,7 @@ OstrelSurface* CropSurface(OstrelSurface* s, SDL_Rect* r) {
     SurfacePtr cut{create_surface(r->w, r->h)};
     if (cut == nullptr) return nullptr;
     SDL_BlitSurface(pixels, r, cut.get(), nullptr);
-    // Without its texture the result still serves whoever wants the pixels. (CropWithoutATextureKeepsThePixels)
+    // Without its texture the result still serves whoever wants the pixels. (WithoutATextureKeepsThePixels)
     TexturePtr texture{SDL_CreateTextureFromSurface(liveRenderer(), cut.get())};
     if (texture == nullptr) tprintf("CropSurface create texture fail : %s\n", SDL_GetError());
     return new SDL2OstrelSurface(texture.release(), cut.release());

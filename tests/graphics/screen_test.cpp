@@ -3,6 +3,7 @@
 #include <cstdlib>
 #include <memory>
 #include <string>
+#include <thread>
 
 #include "ostrel/surface.h"
 #include "support/log_capture.h"
@@ -234,6 +235,12 @@ TEST_F(ScreenTarget, StaysWhenAnotherSurfaceIsDeleted) {
     delete CreateSurface(8, 8);
     EXPECT_EQ(GetRenderTarget(), target.get());
 }
+
+#ifndef NDEBUG
+TEST_F(ScreenTarget, IsForTheThreadThatStartedTheScreenAlone) {
+    EXPECT_DEATH(std::thread([] { FillRect(nullptr, nullptr, 1, 2, 3, 4); }).join(), "isUiThread");
+}
+#endif
 
 class TurnedScreenTarget : public ScreenTest {
 protected:
