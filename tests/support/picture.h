@@ -29,6 +29,7 @@ public:
     int width() const { return mWidth; }
     int height() const { return mHeight; }
     bool empty() const { return mPixels.empty(); }
+    bool operator==(const Picture& o) const { return mWidth == o.mWidth && mPixels == o.mPixels; }
     Colour at(int x, int y) const;  // outside: a failed test and an empty colour
     void set(int x, int y, Colour colour);
     bool save(const std::string& path) const;      // as PNG; makes missing folders
