@@ -405,7 +405,8 @@ TEST_F(DirBrowserTest, GetMenuTakesTheCachesOwnText) {
     DirBrowser browser(nullptr, plainFactory);
     browser.LoadDir(roms().c_str(), nullptr);
     browser.ChildDir((roms() + "/A").c_str());
-    EXPECT_EQ(browser.getMenu(browser.cache[1].path.c_str()), browser.cache[0].items.get());
+    const std::vector<void*>* found = browser.getMenu(browser.cache[1].path.c_str());
+    EXPECT_EQ(found, browser.cache[0].items.get());
     EXPECT_EQ(browser.cache[0].path, roms());
 }
 

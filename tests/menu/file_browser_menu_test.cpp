@@ -40,12 +40,14 @@ protected:
         return *menu;
     }
     int press(SDL_Keycode key, Uint32 type = SDL_KEYUP) {
+        drainEvents();  // the window's own events come first otherwise
         pushKey(type, key);
         return menu->eventHandling();
     }
     int pressA() { return press(SDLK_SPACE); }
     int pressB() { return press(SDLK_LCTRL); }
     int changeTo(std::string path) {
+        drainEvents();
         pushUser(26, path.data());
         return menu->eventHandling();
     }
@@ -195,6 +197,7 @@ TEST_F(FileBrowserMenuTest, ARequestWithoutAPathDoesNothing) {
     file("roms/A/1");
     open();
     LogCapture log;
+    drainEvents();
     pushUser(26, nullptr);
     EXPECT_EQ(menu->eventHandling(), 26);
     EXPECT_EQ(log.text(), "");
@@ -219,6 +222,7 @@ TEST_F(FileBrowserMenuTest, TheRequestedPathMayGoWithTheOldList) {
     menu->getItemByIndex(0)->label = roms() + "/A";
     for (int i = 0; i < 40001; ++i) menu->curList->push_back(nullptr);
     menu->browser.cache.push_back({"other", std::make_unique<std::vector<void*>>()});
+    drainEvents();
     pushUser(26, menu->getItemByIndex(0)->label.data());
     EXPECT_EQ(menu->eventHandling(), 26);
     EXPECT_EQ(labels(), (Labels{"..", "1"}));

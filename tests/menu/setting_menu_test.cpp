@@ -61,6 +61,7 @@ protected:
         for (int i = 0; i < count; ++i) addRow();
     }
     int press(SDL_Keycode key, Uint32 type = SDL_KEYUP) {
+        drainEvents();  // the window's own events come first otherwise
         pushKey(type, key);
         return menu.eventHandling();
     }
@@ -218,6 +219,7 @@ TEST_F(SettingMenuTest, AnActionMayDeleteThePage) {
             return 9;
         },
         nullptr)));
+    drainEvents();
     pushKey(SDL_KEYUP, SDLK_SPACE);
     EXPECT_EQ(sPage->eventHandling(), 9);
 }
