@@ -58,6 +58,15 @@ public:
     /// Logs "title <text>, type <type>".
     void dump();
 
+    /// Draws the navigation bar: the title, the back icon and, from right to left, the status items of bars.h (battery,
+    /// sound, plugged-in audio, Wi-Fi, Bluetooth). @param y moves the whole bar, 0 in place. @return the width that the
+    /// status items take.
+    int drawNavBar(int y);
+    /// Draws the bar at the bottom, which tells the buttons that confirm, go back and open the menu (texts 4, 5 and 7
+    /// of getLangStr). With SHM_BCONFIRM set, B confirms and A goes back. @param y moves the whole bar, 0 in place.
+    /// @return where the next button would start.
+    int drawStatBar(int y);
+
     int title;  ///< index among the interface strings, negative for none
     int type;   ///< kind code of the creator's choice, negative for a transient window
 };
