@@ -13,13 +13,13 @@ using ostreltest::ScriptWindow;
 using ::testing::ElementsAre;
 
 class WindowStateTest : public ostreltest::DeviceTest {
+private:
+    Diary mDiary;  // outlives the windows, which write into it to the last
+
 protected:
     ScriptWindow bottom{mDiary, "bottom", 4, 7};
     ScriptWindow top{mDiary, "top", -1, -2};
     std::vector<OstrelWindow*> stack{&bottom, &top};
-
-private:
-    Diary mDiary;
 };
 
 constexpr const char* kTwoWindows =
