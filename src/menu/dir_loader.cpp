@@ -5,6 +5,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <climits>
 #include <cstring>
 
 #include "ostrel/dir_browser.h"
@@ -95,9 +96,9 @@ std::vector<SortableItem> readItems(DIR* directory, const std::string& path, Ite
         const EntryKind kind = kindOf(descriptor, *entry);
         if (kind == EntryKind::Other) continue;
         if (kind == EntryKind::Folder && !isListedFolder(name, parentEntry)) continue;
+        entryPath.replace(prefix, std::string::npos, name);
+        if (entryPath.size() >= PATH_MAX) continue;  // nobody can open it by this path
         if (loaded.size() >= kMaxItems) break;
-        entryPath.resize(prefix);
-        entryPath += name;
         const int type = kind == EntryKind::Folder ? DIR_ENTRY_FOLDER : DIR_ENTRY_FILE;
         if (TextMenuItem* item = factory(name, entryPath.c_str(), type)) loaded.push_back(sortable(item));
     }

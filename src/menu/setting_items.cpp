@@ -1,6 +1,7 @@
 #include <cstdio>
 #include <memory>
 
+#include "graphics/text_internal.h"
 #include "ostrel/host.h"
 #include "ostrel/input.h"
 #include "ostrel/language.h"
@@ -24,10 +25,6 @@ constexpr int kValueTextInset = 85;
 constexpr int kValueTextWidth = 60;
 constexpr int kPlainValueGap = 40;
 
-constexpr int kAlignCentre = 1;
-constexpr int kAlignLeftMiddle = 3;
-constexpr int kAlignRightMiddle = 4;
-
 const char* orEmpty(const char* text) { return text == nullptr ? "" : text; }
 
 // At its own size, its left edge at x, in the middle of the row's height.
@@ -49,7 +46,7 @@ void drawText(const SDL_Rect& place, const char* text, int align) {
 }
 
 void drawTitle(const SDL_Rect& row, const char* title) {
-    drawText({row.x + kTitleX, row.y, row.w, row.h}, title, kAlignLeftMiddle);
+    drawText({row.x + kTitleX, row.y, row.w, row.h}, title, ostrel::kAlignLeft);
 }
 
 // The handler hears of its end once, and is then deleted.
@@ -88,7 +85,7 @@ int SettingItem::draw(SDL_Rect& rect, bool selected) {
     drawTitle(rect, titleId >= 0 ? getLangStr(titleId) : title.c_str());
     if (!valueText.empty()) {
         const SDL_Rect place{rect.x + rect.w - kValueTextInset, rect.y, kValueTextWidth, rect.h};
-        drawText(place, valueText.c_str(), kAlignRightMiddle);
+        drawText(place, valueText.c_str(), ostrel::kAlignRight);
     }
     return 0;
 }
@@ -124,9 +121,9 @@ int SettingValueItem::draw(SDL_Rect& rect, bool selected) {
     }
     std::snprintf(valueBuf, sizeof valueBuf, "%s", orEmpty(mValueChanger->getValueText()));
     if (valueBoxImg == nullptr) {
-        drawText({rect.x, rect.y, rect.w - kPlainValueGap, rect.h}, valueBuf, kAlignRightMiddle);
+        drawText({rect.x, rect.y, rect.w - kPlainValueGap, rect.h}, valueBuf, ostrel::kAlignRight);
     } else {
-        drawText({rect.x + kValueBoxX, rect.y, kValueBoxWidth, rect.h}, valueBuf, kAlignCentre);
+        drawText({rect.x + kValueBoxX, rect.y, kValueBoxWidth, rect.h}, valueBuf, ostrel::kAlignCentre);
     }
     return 0;
 }

@@ -1,14 +1,17 @@
 #include "ostrel/dir_browser.h"
 
+#include <fcntl.h>
 #include <sys/stat.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
 #include <cstdlib>
 #include <filesystem>
 #include <new>
+#include <random>
 
 #include "ostrel/menu_item.h"
+#include "support/abi.h"
+#include "support/child_process.h"
 #include "support/log_capture.h"
 #include "support/test_device.h"
 
@@ -16,8 +19,11 @@ namespace fs = std::filesystem;
 
 namespace {
 
+using ostreltest::ChildUser;
 using ostreltest::DeviceTest;
 using ostreltest::LogCapture;
+using ostreltest::offsetIn;
+using ostreltest::passesInChild;
 using Labels = std::vector<std::string>;
 
 bool sRefuseNothrowMemory = false;
@@ -77,8 +83,11 @@ protected:
     void folder(const std::string& name) { fs::create_directories(device().path(name)); }
     std::string roms() { return device().path("roms"); }
     void files(const std::string& directory, int count) {
-        folder(directory);
-        for (int i = 0; i < count; ++i) file(directory + "/" + std::to_string(i));
+        file(directory + "/0");
+        const std::string first = device().path(directory + "/0");
+        for (int i = 1; i < count; ++i) {
+            ASSERT_EQ(link(first.c_str(), device().path(directory + "/" + std::to_string(i)).c_str()), 0);
+        }
     }
 };
 
@@ -227,19 +236,64 @@ TEST_F(DirBrowserTest, AMissingDirectoryIsEmptyAndLoggedWithZero) {
 TEST_F(DirBrowserTest, ADirectoryThatMayBeReadButNotSearchedIsEmpty) {
     file("roms/game");
     fs::permissions(device().root(), fs::perms::owner_all | fs::perms::others_exec | fs::perms::others_read);
-    fs::permissions(roms(), fs::perms::others_read | fs::perms::owner_all);
-    const pid_t child = fork();
-    if (child == 0) {
-        constexpr uid_t kNobody = 65534;
-        if (geteuid() == 0 && setuid(kNobody) != 0) _exit(2);
-        if (geteuid() != kNobody) fs::permissions(roms(), fs::perms::owner_read);
+    fs::permissions(roms(), fs::perms::owner_read | fs::perms::others_read);
+    const auto load = [this] {
         DirBrowser browser(nullptr, plainFactory);
-        _exit(browser.LoadDir(roms().c_str(), nullptr)->empty() ? 0 : 1);
-    }
-    int status = 0;
-    ASSERT_EQ(waitpid(child, &status, 0), child);
-    EXPECT_EQ(WEXITSTATUS(status), 0);
+        EXPECT_TRUE(browser.LoadDir(roms().c_str(), nullptr)->empty());
+        EXPECT_TRUE(sCalls.empty());
+    };
+    EXPECT_TRUE(passesInChild(load, ChildUser::Unprivileged));
     fs::permissions(roms(), fs::perms::owner_all);
+}
+
+// Nothing behind such a path could be opened by it.
+TEST_F(DirBrowserTest, AnEntryWhosePathIsTooLongForTheSystemIsLeftOut) {
+    std::string deep = roms();
+    while (deep.size() < 3900) deep += "/" + std::string(std::min<std::size_t>(200, 3999 - deep.size()), 'd');
+    fs::create_directories(deep);
+    const int folder = open(deep.c_str(), O_RDONLY | O_DIRECTORY);
+    ASSERT_GE(folder, 0);
+    for (const std::size_t length : {4094 - deep.size(), 4095 - deep.size()}) {
+        close(openat(folder, std::string(length, 'f').c_str(), O_CREAT | O_WRONLY, 0600));
+    }
+    close(folder);
+    DirBrowser browser(nullptr, plainFactory);
+    EXPECT_EQ(labelsOf(browser.LoadDir(deep.c_str(), nullptr)), (Labels{std::string(4094 - deep.size(), 'f')}));
+}
+
+// Places rows one after the other as the rule says, and compares: also where only some rows have an action.
+TEST_F(DirBrowserTest, AnyMixtureIsSortedAsIfRowsWereInsertedOneByOne) {
+    static std::mt19937 random;
+    static std::vector<TextMenuItem*> made;
+    const auto factory = [](const char*, const char*, int) -> TextMenuItem* {
+        const char* const labels[] = {"a", "b", "B", "ab", ""};
+        Action* action = random() % 3 == 0 ? nullptr : new GroupAction(static_cast<int>(random() % 3) - 1);
+        if (random() % 4 == 0 && action == nullptr) action = new GeneralAction(nullptr, nullptr);
+        made.push_back(new CountedItem(labels[random() % 5], action));
+        return made.back();
+    };
+    const auto group = [](const TextMenuItem* item) {
+        const auto* grouped = dynamic_cast<GroupAction*>(item->action);
+        return grouped == nullptr ? 0 : grouped->sortGroup;
+    };
+    const auto sortsAfter = [&](const TextMenuItem* a, const TextMenuItem* b) {
+        if (a->action != nullptr && b->action != nullptr && group(a) != group(b)) return group(a) < group(b);
+        return a->label > b->label;
+    };
+    files("roms", 24);
+    DirBrowser browser(nullptr, factory);
+    for (unsigned seed = 0; seed < 200; ++seed) {
+        random.seed(seed);
+        made.clear();
+        const std::vector<void*> actual = *browser.LoadDir(roms().c_str(), nullptr);
+        std::vector<void*> expected;
+        for (TextMenuItem* item : made) {
+            auto place = expected.begin();
+            while (place != expected.end() && sortsAfter(item, static_cast<TextMenuItem*>(*place))) ++place;
+            expected.insert(place, item);
+        }
+        ASSERT_EQ(actual, expected) << "seed " << seed;
+    }
 }
 
 TEST_F(DirBrowserTest, AtMostTwentyThousandItemsAreLoaded) {
@@ -518,6 +572,14 @@ TEST_F(DirBrowserTest, CountNumberWithoutMemoryIsMinusOne) {
     const int count = CountNumber(roms(), nullptr);
     sRefuseNothrowMemory = false;
     EXPECT_EQ(count, -1);
+}
+
+TEST_F(DirBrowserTest, TheFieldsHaveTheirPlaces) {
+    const DirBrowser browser(nullptr, plainFactory);
+    EXPECT_EQ(offsetIn(browser, browser.dirStack), 0);
+    EXPECT_EQ(offsetIn(browser, browser.cache), 24);
+    EXPECT_EQ(offsetIn(browser, browser.filter), 48);
+    EXPECT_EQ(offsetIn(browser, browser.factory), 56);
 }
 
 }  // namespace

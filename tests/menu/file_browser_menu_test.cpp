@@ -3,6 +3,7 @@
 #include <filesystem>
 
 #include "ostrel/window.h"
+#include "support/abi.h"
 #include "support/driven_clock.h"
 #include "support/fake_host.h"
 #include "support/log_capture.h"
@@ -16,8 +17,10 @@ namespace {
 using ostreltest::drainEvents;
 using ostreltest::host;
 using ostreltest::LogCapture;
+using ostreltest::offsetIn;
 using ostreltest::pushKey;
 using ostreltest::pushUser;
+using ostreltest::slotOf;
 using Labels = std::vector<std::string>;
 
 constexpr int kRowsPerPage = 5;
@@ -292,6 +295,19 @@ TEST_F(FileBrowserMenuTest, NoEventIsZero) {
     file("roms/a");
     open();
     EXPECT_EQ(menu->eventHandling(), 0);
+}
+
+TEST_F(FileBrowserMenuTest, SlotsAreTheListsAndTheFieldsFollowTheDrawers) {
+    EXPECT_EQ(slotOf(&FileBrowserMenu::eventHandling), 4);
+    EXPECT_EQ(slotOf(&FileBrowserMenu::getItemByIndex), 6);
+    EXPECT_EQ(slotOf(&FileBrowserMenu::draw), 8);
+    EXPECT_EQ(slotOf(&FileBrowserMenu::getListNum), 9);
+    EXPECT_EQ(slotOf(&FileBrowserMenu::drawListNum), 20);
+    const FileBrowserMenu browser("/roms", nullptr, nullptr, nullptr, kGap, kRowsPerPage);
+    EXPECT_EQ(offsetIn(browser, browser.baseDir), 344);
+    EXPECT_EQ(offsetIn(browser, browser.startDir), 376);
+    EXPECT_EQ(offsetIn(browser, browser.browser), 408);
+    EXPECT_EQ(offsetIn(browser, browser.curList), 472);
 }
 
 }  // namespace

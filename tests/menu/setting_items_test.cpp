@@ -3,6 +3,7 @@
 #include "ostrel/language.h"
 #include "ostrel/setting_menu.h"
 #include "ostrel/skin.h"
+#include "support/abi.h"
 #include "support/fake_host.h"
 #include "support/log_capture.h"
 #include "support/screen_test.h"
@@ -13,9 +14,10 @@ using ostreltest::Canvas;
 using ostreltest::Colour;
 using ostreltest::host;
 using ostreltest::LogCapture;
-using ostreltest::matchesReference;
+using ostreltest::offsetIn;
 using ostreltest::Picture;
 using ostreltest::plainSurface;
+using ostreltest::slotOf;
 
 constexpr Colour kBlack{0, 0, 0, 255};
 constexpr Colour kRed{255, 0, 0, 255};
@@ -368,19 +370,48 @@ TEST_F(SettingSwitchItemTest, TheHandlerIsReleasedOnceAndThenDeleted) {
 }
 
 TEST_F(SettingItemsTest, SlotsOfTheHandlersAreTheBinaryInterface) {
-    // Destructors take two slots; then the operations in their published order.
-    const auto slot = [](auto member) {
-        std::uintptr_t words[2];
-        static_assert(sizeof member == sizeof words);
-        std::memcpy(words, &member, sizeof words);
-        return static_cast<int>((words[0] - 1) / sizeof(void*)) + 1;
-    };
-    EXPECT_EQ(slot(&ValueHandler::changeValue), 3);
-    EXPECT_EQ(slot(&ValueHandler::release), 4);
-    EXPECT_EQ(slot(&ValueHandler::getValueText), 5);
-    EXPECT_EQ(slot(&SwitchHandler::getValue), 3);
-    EXPECT_EQ(slot(&SwitchHandler::setValue), 4);
-    EXPECT_EQ(slot(&SwitchHandler::release), 5);
+    EXPECT_EQ(slotOf(&ValueHandler::changeValue), 3);
+    EXPECT_EQ(slotOf(&ValueHandler::release), 4);
+    EXPECT_EQ(slotOf(&ValueHandler::getValueText), 5);
+    EXPECT_EQ(slotOf(&SwitchHandler::getValue), 3);
+    EXPECT_EQ(slotOf(&SwitchHandler::setValue), 4);
+    EXPECT_EQ(slotOf(&SwitchHandler::release), 5);
+}
+
+TEST_F(SettingItemsTest, TheFieldsOfAPlainRowHaveTheirPlaces) {
+    const SettingItem row(nullptr, nullptr, 1, nullptr, nullptr);
+    EXPECT_EQ(offsetIn(row, row.action), 8);
+    EXPECT_EQ(offsetIn(row, row.selBg), 16);
+    EXPECT_EQ(offsetIn(row, row.normalBg), 24);
+    EXPECT_EQ(offsetIn(row, row.tailIcon), 32);
+    EXPECT_EQ(offsetIn(row, row.titleId), 40);
+    EXPECT_EQ(offsetIn(row, row.title), 48);
+    EXPECT_EQ(offsetIn(row, row.valueText), 80);
+}
+
+TEST_F(SettingValueItemTest, TheFieldsHaveTheirPlaces) {
+    const auto value = row(nullptr, nullptr);
+    EXPECT_EQ(offsetIn(*value, value->selBg), 16);
+    EXPECT_EQ(offsetIn(*value, value->normalBg), 24);
+    EXPECT_EQ(offsetIn(*value, value->selLeftImg), 32);
+    EXPECT_EQ(offsetIn(*value, value->leftImg), 40);
+    EXPECT_EQ(offsetIn(*value, value->selRightImg), 48);
+    EXPECT_EQ(offsetIn(*value, value->rightImg), 56);
+    EXPECT_EQ(offsetIn(*value, value->valueBoxImg), 64);
+    EXPECT_EQ(offsetIn(*value, value->titleId), 72);
+    EXPECT_EQ(offsetIn(*value, value->mValueChanger), 80);
+    EXPECT_EQ(offsetIn(*value, value->valueBuf), 88);
+    EXPECT_EQ(sizeof value->valueBuf, 64U);
+}
+
+TEST_F(SettingSwitchItemTest, TheFieldsHaveTheirPlaces) {
+    const auto item = row(nullptr);
+    EXPECT_EQ(offsetIn(*item, item->selBg), 16);
+    EXPECT_EQ(offsetIn(*item, item->normalBg), 24);
+    EXPECT_EQ(offsetIn(*item, item->onImg), 32);
+    EXPECT_EQ(offsetIn(*item, item->offImg), 40);
+    EXPECT_EQ(offsetIn(*item, item->titleId), 48);
+    EXPECT_EQ(offsetIn(*item, item->handler), 56);
 }
 
 }  // namespace

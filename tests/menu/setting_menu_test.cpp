@@ -2,6 +2,7 @@
 
 #include "ostrel/language.h"
 #include "ostrel/skin.h"
+#include "support/abi.h"
 #include "support/driven_clock.h"
 #include "support/fake_host.h"
 #include "support/log_capture.h"
@@ -13,7 +14,9 @@ namespace {
 using ostreltest::drainEvents;
 using ostreltest::host;
 using ostreltest::LogCapture;
+using ostreltest::offsetIn;
 using ostreltest::pushKey;
+using ostreltest::slotOf;
 
 // A row that records what the menu asks of it.
 class RecordingRow : public ItemDrawable {
@@ -293,6 +296,16 @@ TEST_F(SettingMenuTest, DestructionIsLoggedAndDeletesTheRows) {
     delete page;
     EXPECT_EQ(log.text(), "SettingMenu::~SettingMenu\n");
     EXPECT_EQ(sDeleted, 2);
+}
+
+TEST_F(SettingMenuTest, NarrowerResultsAddNoSlotAndTheRowsFollowTheDrawersFields) {
+    EXPECT_EQ(slotOf(&SettingMenu::eventHandling), 4);
+    EXPECT_EQ(slotOf(&SettingMenu::select), 5);
+    EXPECT_EQ(slotOf(&SettingMenu::getItemByIndex), 6);
+    EXPECT_EQ(slotOf(&SettingMenu::draw), 8);
+    EXPECT_EQ(slotOf(&SettingMenu::getListNum), 9);
+    EXPECT_EQ(slotOf(&SettingMenu::drawListNum), 20);
+    EXPECT_EQ(offsetIn(menu, menu.items), 344);
 }
 
 }  // namespace
