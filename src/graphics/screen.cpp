@@ -28,8 +28,7 @@ OstrelSurface* sCurrentTarget = nullptr;
 int sScreenRotate = 0;
 int sScreenWidth = 0;
 int sScreenHeight = 0;
-Uint32 sWindowId = 0;   // tells whether SDL still knows sWindow, which a host's own SDL_Quit frees
-bool sStarted = false;  // ScreenInit was called, and ScreenUninit not yet
+Uint32 sWindowId = 0;  // 0 without a screen; tells whether SDL still knows sWindow, which a host's own SDL_Quit frees
 
 // Never destroyed: caches of other files may still leave it while the program ends.
 std::vector<LRUCache*>& boundCaches() {
@@ -48,19 +47,18 @@ void openScreen(int windowWidth, int windowHeight) {
 
 bool isWindowAlive() { return sWindowId != 0 && SDL_GetWindowFromID(sWindowId) == sWindow; }
 
-// Once for each ScreenInit, one that failed included. The caches go first, while their textures can still be destroyed.
-// After a host's own SDL_Quit the window is freed and its renderer can no longer be destroyed safely: it is left alone.
+// The caches go first, while their textures can still be destroyed. After a host's own SDL_Quit the window is freed and
+// its renderer can no longer be destroyed safely: it is left alone. A second call finds no window.
 void releaseScreen() {
-    if (!sStarted) return;
     for (LRUCache* cache : boundCaches()) cache->clear();
     ostrel::dropAllTextures();
     ostrel::releaseUiThread();
-    sStarted = false;
-    if (!isWindowAlive()) return;
+    const bool hasWindow = isWindowAlive();
+    sWindowId = 0;
+    if (!hasWindow) return;
     const ostrel::WindowPtr window{sWindow};
     const ostrel::RendererPtr renderer{gRenderer};
     const ostrel::TexturePtr rotated{sRotatedTexture};
-    sWindowId = 0;
 }
 
 // The panel is mounted turned: the logical picture lies centred on the window and is turned there. One pixel further to
@@ -79,7 +77,6 @@ int ScreenInit(int width, int height, int depth, int rotate) {
     tprintf("ScreenInit %dx%d %d, rotate=%d\n", width, height, depth, rotate);
     releaseScreen();
     ostrel::bindUiThread();
-    sStarted = true;
     sScreenRotate = rotate;
     sTargetTexture = nullptr;
     sRotatedTexture = nullptr;
@@ -142,7 +139,7 @@ namespace ostrel {
 
 SDL_Renderer* liveRenderer() {
     assert(isUiThread());
-    return sStarted && isWindowAlive() ? gRenderer : nullptr;
+    return isWindowAlive() ? gRenderer : nullptr;
 }
 
 SDL_Texture* targetTexture() { return sTargetTexture; }

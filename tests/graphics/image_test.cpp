@@ -429,6 +429,7 @@ TEST_F(Thumbnail, KeepsTheRatioWithinTheSize) {
         {100, 50, 200, 100, 200, 100},   // fits exactly
         {7, 3, 10, 10, 10, 4},           // 3 * 10 / 7 = 4.29
         {3, 7, 10, 10, 4, 10},           // 3 * 10 / 7
+        {10, 3, 13, 4, 13, 4},           // 10 * 4 / 3 = 13.3 is not too wide
     };
     for (const FittedSize& row : rows) {
         writePng("a.png", Picture(row.width, row.height, kRed));
