@@ -65,11 +65,30 @@ TEST_F(ScreenLifecycle, NothingIsDrawnBeforeTheStart) {
     expectNothingIsDrawn(empty);
 }
 
-TEST_F(ScreenLifecycle, AScreenEndsOnce) {
+TEST_F(ScreenLifecycle, AScreenEndsOnceInTheOrderTextureRendererWindow) {
     SdlSpy spy;
     ScreenInit(64, 48, 32, 1);
+    const std::vector<const void*> expected{spy.textures.at(0).texture, gRenderer, spy.windows.at(0).window};
     EXPECT_EQ(ScreenUninit(), 0);
     EXPECT_EQ(ScreenUninit(), 0);
+    EXPECT_EQ(spy.destroyed, expected);
+}
+
+TEST_F(ScreenLifecycle, AnUprightScreenHasNoTextureToDestroy) {
+    SdlSpy spy;
+    ScreenInit(64, 48, 32, 0);
+    const std::vector<const void*> expected{gRenderer, spy.windows.at(0).window};
+    ScreenUninit();
+    EXPECT_EQ(spy.destroyed, expected);
+}
+
+TEST_F(ScreenLifecycle, AHostsOwnWindowIsNotTakenForTheScreen) {
+    ScreenInit(64, 48, 32, 0);
+    ScreenUninit();
+    SDL_Quit();
+    SDL_Window* window = SDL_CreateWindow("host", 0, 0, 64, 48, 0);  // SDL counts its windows from 1 again
+    EXPECT_EQ(FillRect(nullptr, nullptr, 1, 2, 3, 4), -1);
+    SDL_DestroyWindow(window);
 }
 
 TEST_F(ScreenLifecycle, TheRenderersNameIsNotReset) {

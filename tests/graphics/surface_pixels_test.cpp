@@ -216,6 +216,7 @@ TEST_F(GetPixels, UseAStreamingTextureOfTheSameFormat) {
     SdlSpy spy;
     surface.getPixels(nullptr, nullptr, &width, &height);
     ASSERT_EQ(spy.textures.size(), 1U);
+    EXPECT_EQ(spy.destroyed, std::vector<const void*>{spy.textures[0].texture});
     EXPECT_EQ(spy.textures[0].format, static_cast<Uint32>(SDL_PIXELFORMAT_RGB565));
     EXPECT_EQ(spy.textures[0].access, 1);
     EXPECT_EQ(spy.textures[0].width, 10);

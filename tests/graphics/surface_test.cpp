@@ -117,6 +117,14 @@ TEST_F(SurfaceTest, FreesItsPixels) {
     SDL_FreeSurface(pixels);
 }
 
+TEST_F(SurfaceTest, DestroysItsTexture) {
+    OstrelSurface* surface = CreateSurface(8, 8);
+    const void* texture = static_cast<SDL2OstrelSurface*>(surface)->mTexture;
+    SdlSpy spy;
+    delete surface;
+    EXPECT_EQ(spy.destroyed, std::vector<const void*>{texture});
+}
+
 TEST_F(SurfaceTest, IsDeletedThroughAVoidPointer) {
     SDL_Surface* pixels = create_surface(4, 4);
     pixels->refcount = 2;

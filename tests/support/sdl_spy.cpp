@@ -97,4 +97,22 @@ SDL_Surface* IMG_Load(const char* file) {
     if (sSpy != nullptr) sSpy->decodedImages.emplace_back(file);
     return load(file);
 }
+
+void SDL_DestroyWindow(SDL_Window* window) {
+    static auto* destroy = sdlFunction<decltype(SDL_DestroyWindow)>("SDL_DestroyWindow");
+    if (sSpy != nullptr) sSpy->destroyed.push_back(window);
+    destroy(window);
+}
+
+void SDL_DestroyRenderer(SDL_Renderer* renderer) {
+    static auto* destroy = sdlFunction<decltype(SDL_DestroyRenderer)>("SDL_DestroyRenderer");
+    if (sSpy != nullptr) sSpy->destroyed.push_back(renderer);
+    destroy(renderer);
+}
+
+void SDL_DestroyTexture(SDL_Texture* texture) {
+    static auto* destroy = sdlFunction<decltype(SDL_DestroyTexture)>("SDL_DestroyTexture");
+    if (sSpy != nullptr) sSpy->destroyed.push_back(texture);
+    destroy(texture);
+}
 }

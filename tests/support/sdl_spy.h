@@ -54,6 +54,8 @@ public:
     std::vector<TTF_Font*> closedFonts;          // TTF_CloseFont
     std::vector<std::string> decodedImages;      // IMG_Load
 
+    std::vector<const void*> destroyed;  // windows, renderers and textures, in order
+
     // Which calls fail.
     bool failWindows = false;
     bool failRenderers = false;
