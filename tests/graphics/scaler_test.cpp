@@ -307,6 +307,11 @@ TEST(LineScalerTest, Blend32LosesTheCarryOfTheTopByte) {
               (Pixels{0xFF000000, 0x7F000000, 0xFF000000, 0xFF000000}));
 }
 
+// One half of the lowest bit of the top byte falls into the byte below instead of being rounded up.
+TEST(LineScalerTest, Blend32DoesNotRoundTheTopByte) {
+    EXPECT_EQ(scaleLines({0x01000000, 0x00000000}, 2, 1, 4, 1)[1], 0x00800000U);
+}
+
 TEST(LineScalerTest, PitchesAreBytesAndPaddingStays) {
     Pixels src{1, 2, 77, 3, 4, 77};
     Pixels dst(6, kUntouched);
