@@ -9,7 +9,7 @@
 #include "ostrel/skin.h"
 #include "ostrel/text.h"
 #include "ostrel/wifi.h"
-#include "script_window.h"
+#include "ostrel/window.h"
 #include "support/fake_host.h"
 #include "support/log_capture.h"
 #include "support/screen_test.h"
@@ -49,13 +49,19 @@ inline const std::map<std::string, Colour>& iconColours() {
     return colours;
 }
 
-class TitledWindow : public ScriptWindow {
+class TitledWindow : public OstrelWindow {
 public:
-    explicit TitledWindow(const char* text) : ScriptWindow(mDiary, "window"), mText(text) {}
+    explicit TitledWindow(const char* text) : OstrelWindow(-1, 0), mText(text) {}
     const char* getTitle() override { return mText; }
+    int eventHandling() override { return -1; }
+    void draw() override {}
+    void quit() override {}
+    void init() override {}
+    void saveState(cJSON* /*obj*/) override {}
+    int restoreState() override { return 0; }
+    void onFrame() override {}
 
 private:
-    Diary mDiary;
     const char* mText;
 };
 

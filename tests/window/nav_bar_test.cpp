@@ -1,7 +1,7 @@
 #include <string>
 
 #include "bars_test.h"
-#include "ostrel/screen.h"
+#include "script_window.h"
 #include "support/sdl_spy.h"
 
 namespace {
