@@ -343,7 +343,7 @@ TEST_F(SurfaceCreation, OfNoSizeLogsTheReason) {
 
 TEST_F(SurfaceCreation, OfAHugeSizeLogsTheReason) {
     LogCapture log;
-    EXPECT_EQ(CreateSurface(1000000, 1000000), nullptr);
+    EXPECT_EQ(CreateSurface(2147483647, 2147483647), nullptr);
     EXPECT_EQ(log.lines(), std::vector<std::string>{"Unable to create texture: Out of memory"});
 }
 
