@@ -60,28 +60,6 @@ TEST_F(ScreenLifecycle, NothingIsDrawnAfterTheEnd) {
     EXPECT_EQ(CreateSurface(8, 8), nullptr);
 }
 
-TEST_F(ScreenLifecycle, NothingIsDrawnBeforeTheStart) {
-    SDL2OstrelSurface empty(nullptr, nullptr);
-    expectNothingIsDrawn(empty);
-}
-
-TEST_F(ScreenLifecycle, AScreenEndsOnceInTheOrderTextureRendererWindow) {
-    SdlSpy spy;
-    ScreenInit(64, 48, 32, 1);
-    const std::vector<const void*> expected{spy.textures.at(0).texture, gRenderer, spy.windows.at(0).window};
-    EXPECT_EQ(ScreenUninit(), 0);
-    EXPECT_EQ(ScreenUninit(), 0);
-    EXPECT_EQ(spy.destroyed, expected);
-}
-
-TEST_F(ScreenLifecycle, AnUprightScreenHasNoTextureToDestroy) {
-    SdlSpy spy;
-    ScreenInit(64, 48, 32, 0);
-    const std::vector<const void*> expected{gRenderer, spy.windows.at(0).window};
-    ScreenUninit();
-    EXPECT_EQ(spy.destroyed, expected);
-}
-
 TEST_F(ScreenLifecycle, AHostsOwnWindowIsNotTakenForTheScreen) {
     ScreenInit(64, 48, 32, 0);
     ScreenUninit();
@@ -89,13 +67,6 @@ TEST_F(ScreenLifecycle, AHostsOwnWindowIsNotTakenForTheScreen) {
     SDL_Window* window = SDL_CreateWindow("host", 0, 0, 64, 48, 0);  // SDL counts its windows from 1 again
     EXPECT_EQ(FillRect(nullptr, nullptr, 1, 2, 3, 4), -1);
     SDL_DestroyWindow(window);
-}
-
-TEST_F(ScreenLifecycle, TheRenderersNameIsNotReset) {
-    ScreenInit(64, 48, 32, 0);
-    const SDL_Renderer* renderer = gRenderer;
-    ScreenUninit();
-    EXPECT_EQ(gRenderer, renderer);
 }
 
 TEST_F(ScreenLifecycle, AFailedStartIsEndedToo) {
@@ -113,7 +84,7 @@ TEST_F(ScreenLifecycle, AFailedStartIsEndedToo) {
     EXPECT_EQ(SDL_GetWindowFromID(window), nullptr);
 }
 
-TEST_F(ScreenLifecycle, AUprightScreenMayFollowATurnedOne) {
+TEST_F(ScreenLifecycle, AnUprightScreenMayFollowATurnedOne) {
     ScreenInit(64, 48, 32, 1);
     FillRect(nullptr, nullptr, 1, 2, 3, 255);
     const std::unique_ptr<OstrelSurface> target(CreateSurface(8, 8));
@@ -156,6 +127,42 @@ TEST_F(ScreenLifecycle, AHostMayEndSdlItself) {
     plainSurface(64, 48, kRed)->render(nullptr, nullptr, false, nullptr);
     EXPECT_EQ(Picture::ofWindow().count(kRed), 64 * 48);
     EXPECT_NE(sAbandoned, nullptr);
+}
+
+// --- The end, where no memory checker is needed ---------------------------------------------------------------------
+
+class ScreenEnd : public DeviceTest {
+protected:
+    ~ScreenEnd() override { ScreenUninit(); }
+};
+
+TEST_F(ScreenEnd, ComesOnceInTheOrderTextureRendererWindow) {
+    SdlSpy spy;
+    ScreenInit(64, 48, 32, 1);
+    const std::vector<const void*> expected{spy.textures.at(0).texture, gRenderer, spy.windows.at(0).window};
+    EXPECT_EQ(ScreenUninit(), 0);
+    EXPECT_EQ(ScreenUninit(), 0);
+    EXPECT_EQ(spy.destroyed, expected);
+}
+
+TEST_F(ScreenEnd, OfAnUprightScreenDestroysNoTexture) {
+    SdlSpy spy;
+    ScreenInit(64, 48, 32, 0);
+    const std::vector<const void*> expected{gRenderer, spy.windows.at(0).window};
+    ScreenUninit();
+    EXPECT_EQ(spy.destroyed, expected);
+}
+
+TEST_F(ScreenEnd, DoesNotResetTheRenderersName) {
+    ScreenInit(64, 48, 32, 0);
+    const SDL_Renderer* renderer = gRenderer;
+    ScreenUninit();
+    EXPECT_EQ(gRenderer, renderer);
+}
+
+TEST_F(ScreenEnd, WithoutAStartLeavesNothingToDrawOn) {
+    SDL2OstrelSurface empty(nullptr, nullptr);
+    expectNothingIsDrawn(empty);
 }
 
 }  // namespace
