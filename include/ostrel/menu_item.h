@@ -2,7 +2,8 @@
 /// Text rows answer TextMenuItemProvider, settings rows answer ItemDrawable and draw themselves; what a row does is an
 /// Action. Menus read a text row through the interface alone, so a program may supply rows of its own.
 /// Threads: UI thread only.  Binary interface: the order of virtual operations and fields; new ones go last.
-/// Owner: a menu deletes its rows through their virtual destructors. Icons stay with the program or a cache.
+/// Owner: a menu deletes its rows through their virtual destructors. Icons stay with the program and must outlive their
+/// rows; what getIconFromCache returns does not, it is good for one draw.
 #pragma once
 #include <SDL.h>
 
