@@ -25,7 +25,14 @@ configure_and_build() {
     cmake --build --preset "$preset" --parallel "$JOBS" -- --quiet
 }
 
-run_ctest() { ctest --preset "$1" --parallel "$JOBS" --progress; }
+# A line per test would bury what failed: the log holds everything, the screen the failures and the closing lines.
+run_ctest() {
+    local log=build/$1.tests.log failed=0
+    ctest --preset "$1" --parallel "$JOBS" >"$log" 2>&1 || failed=1
+    [[ $failed -eq 0 ]] || grep -vE '^ *(Start +[0-9]+:|[0-9]+/[0-9]+ Test .* Passed)' "$log" | head -400
+    grep -E '^([0-9]+% tests passed|Total Test time)' "$log"
+    return "$failed"
+}
 
 stage_release() {
     configure_and_build release -DOSTREL_BUILD_BENCH=ON
@@ -34,7 +41,7 @@ stage_release() {
 
 stage_asan() {
     configure_and_build clang-asan-ubsan -DOSTREL_BUILD_FUZZ=ON
-    ASAN_OPTIONS=detect_stack_use_after_return=1:strict_string_checks=1 UBSAN_OPTIONS=print_stacktrace=1 \
+    ASAN_OPTIONS=detect_stack_use_after_return=1:strict_string_checks=1:allocator_may_return_null=1 UBSAN_OPTIONS=print_stacktrace=1 \
         LSAN_OPTIONS=suppressions=$PWD/tests/support/lsan.supp:print_suppressions=0 run_ctest clang-asan-ubsan
     ./scripts/fuzz.sh 10
 }

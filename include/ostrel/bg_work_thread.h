@@ -44,7 +44,7 @@ public:
     static int work_thread(void* thread);
 
 private:
-    bool waitForWorker();
+    OSTREL_HIDDEN bool waitForWorker();
 
     int mMaxWorkers;
     SDL_mutex* mMutex;

@@ -43,7 +43,7 @@ public:
     std::vector<void*>* curList;  ///< the rows on show, owned by browser's cache; null before LoadDir
 
 private:
-    int goBack();
-    int changeDir(const SDL_Event& event);
-    void show(std::vector<void*>* list);
+    OSTREL_HIDDEN int goBack();
+    OSTREL_HIDDEN int changeDir(const SDL_Event& event);
+    OSTREL_HIDDEN void show(std::vector<void*>* list);
 };

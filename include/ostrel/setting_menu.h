@@ -122,5 +122,5 @@ public:
     std::vector<ItemDrawable*> items;  ///< the rows, owned
 
 private:
-    int confirm(int key, int handledResult);
+    OSTREL_HIDDEN int confirm(int key, int handledResult);
 };

@@ -66,9 +66,9 @@ private:
         std::size_t length;  // in code points
     };
 
-    static Heap makeHeap(const char* bytes, std::size_t byteCount);
-    void takeFrom(Utf8String& other) noexcept;
-    void reset() noexcept;
+    OSTREL_HIDDEN static Heap makeHeap(const char* bytes, std::size_t byteCount);
+    OSTREL_HIDDEN void takeFrom(Utf8String& other) noexcept;
+    OSTREL_HIDDEN void reset() noexcept;
 
     std::size_t mSize = 0;  // in bytes; the heap form holds what is longer than kInlineCapacity
     union {
