@@ -74,7 +74,8 @@ public:
 /// The stack that runWindows is running: set when it starts, and kept when it returns (empty by then). A loop inside a
 /// loop puts the outer stack back.
 extern OSTREL_API std::vector<OstrelWindow*>* gWinList;
-/// The popup waiting to be shown, which the list owns; see add2PopupList.
+/// The popup waiting to be shown, which the list owns; see add2PopupList. One that is still queued when runWindows
+/// returns is shown by the next.
 extern OSTREL_API std::vector<OstrelWindow*> gPopupList;
 /// Whether the loop draws; set it with toggleDrawState. While it is false windows receive input at the same pace.
 extern OSTREL_API bool gDrawWindow;

@@ -17,8 +17,8 @@ namespace {
 
 using WindowStack = std::vector<OstrelWindow*>;
 
-// However a window behaves, a frame ends: at the latest after two passes for each event that was queued when it began,
-// and never before this many. A window that leaves its events in the queue would else keep the loop from drawing.
+// However a window behaves, its frame ends: at the latest after this many passes, or after two for each event queued
+// at the first, whichever is more. A window that leaves its events in the queue would else keep the loop from drawing.
 constexpr int kPassesAtLeast = 64;
 
 // What a result of eventHandling means for the loop.

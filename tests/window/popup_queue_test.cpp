@@ -187,6 +187,19 @@ TEST_F(PopupQueueTest, EventsStayQueuedForThePopup) {
     EXPECT_EQ(seen, 31);
 }
 
+TEST_F(PopupQueueTest, PopupQueuedInTheLastFrameIsShownByTheNextLoop) {
+    push("bottom")->onEvents = [this] {
+        add2PopupList(newPopup("popup"));
+        return 1003;
+    };
+    run();
+    EXPECT_EQ(gPopupList.size(), 1U);
+    push("next");
+    run();
+    EXPECT_EQ(std::count(diary().begin(), diary().end(), "popup draw"), 1);
+    EXPECT_THAT(gPopupList, IsEmpty());
+}
+
 TEST_F(PopupQueueTest, PopupThatQuitsIsDeletedBeforeTheOthersAreFreed) {
     push("bottom");
     add2PopupList(newPopup("popup"));
