@@ -1,0 +1,112 @@
+// The launcher as a user starts it: what it says, what it refuses, and how it ends.
+#include "program.h"
+
+#include <unistd.h>
+
+#include <gtest/gtest.h>
+
+#include <csignal>
+#include <filesystem>
+#include <fstream>
+
+#include "support/test_device.h"
+
+namespace fs = std::filesystem;
+using ostreltest::Program;
+
+namespace {
+
+class LauncherProgramTest : public ostreltest::DeviceTest {
+protected:
+    std::string runFolder() { return device().workDir() + "/run"; }
+    std::vector<std::string> inRunFolder(std::vector<std::string> arguments) {
+        arguments.insert(arguments.end(), {"--run", runFolder()});
+        return arguments;
+    }
+};
+
+TEST_F(LauncherProgramTest, HelpNamesEveryOptionAndEndsWithZero) {
+    Program launcher(OSTREL_LAUNCHER, {"--help"});
+    EXPECT_EQ(launcher.wait(), 0);
+    for (const char* option : {"--theme", "--lang", "--rotate", "--search", "--device", "--run", "--visit", "--shots",
+                               "--log", "[DIRECTORY]"}) {
+        EXPECT_NE(launcher.output().find(option), std::string::npos) << option;
+    }
+}
+
+TEST_F(LauncherProgramTest, HelpNamesTheKeyboardKeyOfEveryButton) {
+    Program launcher(OSTREL_LAUNCHER, {"--help"});
+    launcher.wait();
+    for (const char* key :
+         {"Up, Down", "Left, Right", "Space", "left Ctrl", "left Shift", "left Alt", "Tab, Backspace", "right Ctrl"}) {
+        EXPECT_NE(launcher.output().find(key), std::string::npos) << key;
+    }
+}
+
+TEST_F(LauncherProgramTest, ADirectoryThatIsNoneEndsWithTwo) {
+    Program launcher(OSTREL_LAUNCHER, {"/no/such/place"});
+    EXPECT_EQ(launcher.wait(), 2);
+    EXPECT_EQ(launcher.output(), "This is no directory: /no/such/place\n");
+}
+
+TEST_F(LauncherProgramTest, AThemeWithoutSkinEndsWithTwo) {
+    Program launcher(OSTREL_LAUNCHER, {"--theme", "/no/such/theme"});
+    EXPECT_EQ(launcher.wait(), 2);
+    EXPECT_EQ(launcher.output(), "No skin/ in the theme: /no/such/theme/\n");
+}
+
+TEST_F(LauncherProgramTest, WithoutAVideoDriverItSaysSoAndEndsWithOne) {
+    setenv("SDL_VIDEODRIVER", "nothing-of-the-kind", 1);
+    Program launcher(OSTREL_LAUNCHER, inRunFolder({}));
+    EXPECT_EQ(launcher.wait(), 1);
+    setenv("SDL_VIDEODRIVER", "dummy", 1);
+    EXPECT_NE(launcher.output().find("No window: "), std::string::npos) << launcher.output();
+}
+
+TEST_F(LauncherProgramTest, StartingItPrintsTheKeys) {
+    Program launcher(OSTREL_LAUNCHER, inRunFolder({}));
+    EXPECT_TRUE(launcher.readUntil("right Ctrl"));
+}
+
+// "runWindows" is the library's first line of the main loop: from then on the windows live.
+TEST_F(LauncherProgramTest, SigtermEndsTheLoopCleanly) {
+    Program launcher(OSTREL_LAUNCHER, inRunFolder({"--log"}));
+    ASSERT_TRUE(launcher.readUntil("init check_repeat_thread\n")) << launcher.output();
+    launcher.signal(SIGTERM);
+    EXPECT_EQ(launcher.wait(), 0);
+    EXPECT_NE(launcher.output().find("1 window to free\n"), std::string::npos) << launcher.output();
+    EXPECT_NE(launcher.output().find("deinit check_repeat_thread\n"), std::string::npos);
+}
+
+TEST_F(LauncherProgramTest, SigintEndsTheLoopCleanly) {
+    Program launcher(OSTREL_LAUNCHER, inRunFolder({"--log"}));
+    ASSERT_TRUE(launcher.readUntil("init check_repeat_thread\n")) << launcher.output();
+    launcher.signal(SIGINT);
+    EXPECT_EQ(launcher.wait(), 0);
+}
+
+TEST_F(LauncherProgramTest, EverythingItWritesLiesInItsRunFolder) {
+    device().write("empty.visit", "wait 1\n");
+    Program visit(OSTREL_VISIT, inRunFolder({"--visit", device().workDir() + "/empty.visit"}));
+    EXPECT_EQ(visit.wait(), 0) << visit.output();
+    EXPECT_TRUE(fs::exists(runFolder() + "/regular.ttf"));
+    EXPECT_TRUE(fs::exists(runFolder() + "/lang/en.lang"));
+    EXPECT_TRUE(fs::is_directory(runFolder() + "/device/mnt/UDISK"));
+}
+
+TEST_F(LauncherProgramTest, TheLauncherHandsAVisitToThePlayerBesideIt) {
+    device().write("one.visit", "shot one\n");
+    Program launcher(OSTREL_LAUNCHER,
+                     inRunFolder({"--visit", device().workDir() + "/one.visit", "--shots", device().workDir() + "/s"}));
+    EXPECT_EQ(launcher.wait(), 0) << launcher.output();
+    EXPECT_TRUE(device().exists("s/one.png"));
+}
+
+TEST_F(LauncherProgramTest, AVisitThatLeavesTooEarlyFails) {
+    device().write("short.visit", "key b\nkey down\nwait 5\n");
+    Program visit(OSTREL_VISIT, inRunFolder({"--visit", device().workDir() + "/short.visit"}));
+    EXPECT_EQ(visit.wait(), 1);
+    EXPECT_NE(visit.output().find("The launcher ended before the visit did\n"), std::string::npos);
+}
+
+}  // namespace
