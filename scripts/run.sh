@@ -32,7 +32,9 @@ main() {
         exec "$programs/ostrel-launcher" "$@"
     fi
     echo 'There is no display, so a short visit is played instead. Its pictures:'
-    exec "$programs/ostrel-visit" --visit "$root/samples/launcher/visits/first_light.visit" "$@"
+    local visit=first_light
+    [[ $# -eq 0 ]] || visit=any_folder
+    exec "$programs/ostrel-visit" --visit "$root/samples/launcher/visits/$visit.visit" "$@"
 }
 
 main "$@"

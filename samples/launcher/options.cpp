@@ -141,7 +141,9 @@ int readOptions(int argc, char** argv, Options& options) {
     if (optind < argc) options.directory = absolutePath(argv[optind++]);
     if (optind < argc) return complain("One directory is enough; this is left over", argv[optind]);
     if (!deviceGiven) options.deviceRoot = options.runFolder + "/device";
-    if (options.shotFolder.empty()) options.shotFolder = options.runFolder + "/shots";
+    if (options.shotFolder.empty()) {
+        options.shotFolder = options.runFolder + "/shots/" + fs::path(options.visitFile).stem().string();
+    }
     return check(options);
 }
 

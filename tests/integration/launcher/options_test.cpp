@@ -34,7 +34,6 @@ TEST_F(OptionsTest, WithoutAnyTheSampleGamesAreShownAsTheSettingsSay) {
     EXPECT_EQ(mOptions.language, "");
     EXPECT_EQ(mOptions.runFolder, OSTREL_SOURCE_DIR "/run");
     EXPECT_EQ(mOptions.deviceRoot, OSTREL_SOURCE_DIR "/run/device");
-    EXPECT_EQ(mOptions.shotFolder, OSTREL_SOURCE_DIR "/run/shots");
     EXPECT_FALSE(mOptions.rotate);
 }
 
@@ -47,9 +46,9 @@ TEST_F(OptionsTest, DirectoriesBecomeAbsoluteAndTheThemeEndsInASlash) {
 }
 
 TEST_F(OptionsTest, TheDeviceAndTheShotsFollowTheRunFolder) {
-    EXPECT_EQ(read({"--run", "work"}), -1);
+    EXPECT_EQ(read({"--run", "work", "--visit", "some/tour.visit"}), -1);
     EXPECT_EQ(mOptions.deviceRoot, device().workDir() + "/work/device");
-    EXPECT_EQ(mOptions.shotFolder, device().workDir() + "/work/shots");
+    EXPECT_EQ(mOptions.shotFolder, device().workDir() + "/work/shots/tour");
 }
 
 TEST_F(OptionsTest, ADeviceOfSlashIsTheMachineItself) {

@@ -102,6 +102,27 @@ TEST_F(LauncherProgramTest, TheLauncherHandsAVisitToThePlayerBesideIt) {
     EXPECT_TRUE(device().exists("s/one.png"));
 }
 
+TEST_F(LauncherProgramTest, AnEmptyFolderIsVisitedToTheEnd) {
+    device().write("empty/.keep", "");
+    Program visit(OSTREL_VISIT, inRunFolder({"--visit", OSTREL_SAMPLE_DIR "/visits/any_folder.visit", "--shots",
+                                             device().workDir() + "/s", device().workDir() + "/empty"}));
+    EXPECT_EQ(visit.wait(), 0) << visit.output();
+    EXPECT_TRUE(device().exists("s/06-details.png"));
+}
+
+// Names that are no UTF-8, an unreadable link, a file without ending, one of many bytes.
+TEST_F(LauncherProgramTest, AFolderOfOddFilesIsVisitedToTheEnd) {
+    device().write("odd/\xFF\xFE.game", "");
+    device().write("odd/plain", std::string(5000, 'a'));
+    device().write("odd/.hidden", "");
+    device().write("odd/binary.game", std::string("\0\1\2", 3));
+    fs::create_symlink("/no/such/target", device().path("odd/broken"));
+    Program visit(OSTREL_VISIT, inRunFolder({"--visit", OSTREL_SAMPLE_DIR "/visits/any_folder.visit", "--shots",
+                                             device().workDir() + "/s", device().workDir() + "/odd"}));
+    EXPECT_EQ(visit.wait(), 0) << visit.output();
+    EXPECT_TRUE(device().exists("s/06-details.png"));
+}
+
 TEST_F(LauncherProgramTest, AVisitThatLeavesTooEarlyFails) {
     device().write("short.visit", "key b\nkey down\nwait 5\n");
     Program visit(OSTREL_VISIT, inRunFolder({"--visit", device().workDir() + "/short.visit"}));
