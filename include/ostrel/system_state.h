@@ -88,16 +88,22 @@ OSTREL_API void loadThemeInfo(char** themeOut);
 
 /// Replaces the settings file by all members in the order of the table, and waits until the storage has it (sync), so
 /// that the power may be cut. Members that the table does not know are lost. "storeurl" and "timezone" are written only
-/// when set, "mute" as 0 or 1. When the file cannot be opened nothing happens; when memory is short it is left empty.
+/// when set, "mute" as 0 or 1. Nothing is logged. When the file cannot be opened nothing happens; opening empties it,
+/// and it stays empty when memory is short for one of the first six members or for the whole text. A later member that
+/// finds no memory is skipped.
 /// @param shm the status block, read through GetKeyShm.
 /// @param themePath the value of "theme"; null leaves it out.
 OSTREL_API void saveSystemState(ShmInfo* shm, const char* themePath);
 
 /// Sets one number of the settings file, which is made when it is missing. Members of that name, in letters of either
 /// case, are replaced by one at the end; all others, those of a language too, keep their values and their order. There
-/// is no sync. The new content is logged.
-/// @return 0, or -1: after one line when the file cannot be read, holds no JSON object or cannot be opened for writing
-///         (the first two leave it as it is); in silence when @p key is null, memory is short or the storage is full.
+/// is no sync. A file that cannot be opened for reading counts as missing.
+/// @return 0 once the file is open for writing; the new content is logged then, even if a full storage takes only a
+/// part
+///         of it. Else -1, and the file stays as it is: after "parse json ... fail while save ..." when the file cannot
+///         be read (after the line of loadContent, if its size is refused), holds no JSON object or memory is short for
+///         either; after "open ... fail" when it cannot be opened for writing; in silence when @p key is null or memory
+///         is short for the new content.
 OSTREL_API int saveOneItemInSystemState(const char* key, int value);
 
 /// @return @p key, a dot and getSystemLanguage(), cut to 63 bytes. The text stands in one static buffer that the next
