@@ -47,8 +47,7 @@ extern OSTREL_API WpaMsg g_wpa_msg;
 OSTREL_API WpaMsg rx_get_wpa_msg();
 
 /// @return g_wpa_msg, never null. The monitor replaces the record in one copy while others read: a reader may see
-/// fields
-///         of the old record beside fields of the new one, but none half parsed.
+///         fields of the old record beside fields of the new one, but none half parsed.
 OSTREL_API WpaMsg* rx_wifi_status();
 
 /// Sets g_wpa_msg to zeros, always, and starts the monitor thread unless it runs; then "wifi monitor already started."
@@ -57,7 +56,7 @@ OSTREL_API WpaMsg* rx_wifi_status();
 OSTREL_API void rx_wifi_monitor_start();
 
 /// Asks the monitor thread to end and returns at once. The thread ends after its current sleep, up to 3 seconds later;
-/// a start within that time has a new thread take its place.
+/// a start within that time has a new thread take its place. The answer to a query that runs meanwhile is dropped.
 OSTREL_API void rx_wifi_monitor_stop();
 
 /// @param rssi in dBm.

@@ -29,6 +29,7 @@ std::atomic<int> sRunning{0};
 std::atomic<unsigned> sNewestMonitor{0};  // threads are numbered from 1, in the order in which they are started
 pthread_t sMonitorThread{};
 std::mutex sRefreshing;  // two refreshes would write the same file
+std::mutex sPublishing;  // keeps writers of the record apart; never held while a query runs
 
 bool isRunning(const char* process) { return check_process_exist(process, 0) >= 0; }
 
@@ -58,15 +59,33 @@ void publishWifiRecord(const WpaMsg& record) { std::memcpy(&g_wpa_msg, &record, 
 
 // A thread that is still asleep when the monitor is stopped and started again would find the flag set: the number keeps
 // it from going on beside its successor.
+bool isWanted(unsigned number) { return sRunning != 0 && sNewestMonitor == number; }
+
+// The monitor may have been stopped, and started again, while the query ran: its answer is then no longer wanted.
+void publishIfWanted(unsigned number, const WpaMsg& record) {
+    const std::lock_guard<std::mutex> writing{sPublishing};
+    if (isWanted(number)) publishWifiRecord(record);
+}
+
 void* monitorWifi(void* argument) {
     const unsigned number = *std::unique_ptr<unsigned>{static_cast<unsigned*>(argument)};
     const auto tid = static_cast<unsigned>(gettid());
     tprintf("%s pid %u tid %u (0x%x)\n", "new thread_wifi_monitor:", static_cast<unsigned>(getpid()), tid, tid);
-    while (sRunning != 0 && sNewestMonitor == number) {
-        if (isRunning("wpa_supplicant")) publishWifiRecord(rx_get_wpa_msg());
+    while (isWanted(number)) {
+        if (isRunning("wpa_supplicant")) publishIfWanted(number, rx_get_wpa_msg());
         usleep(kRefreshPeriodUs);
     }
     return nullptr;
+}
+
+// Clears the record. @return the number of the thread to start, or 0 when the monitor runs already.
+unsigned beginMonitoring() {
+    const std::lock_guard<std::mutex> writing{sPublishing};
+    publishWifiRecord(WpaMsg{});
+    if (sRunning != 0) return 0;
+    const unsigned number = ++sNewestMonitor;
+    sRunning = 1;  // after the number, or a former thread could take the flag for its own
+    return number;
 }
 
 }  // namespace
@@ -81,12 +100,11 @@ WpaMsg rx_get_wpa_msg() {
 WpaMsg* rx_wifi_status() { return &g_wpa_msg; }
 
 void rx_wifi_monitor_start() {
-    publishWifiRecord(WpaMsg{});
-    if (sRunning.exchange(1) != 0) {
+    auto number = std::make_unique<unsigned>(beginMonitoring());
+    if (*number == 0) {
         tprintf("wifi monitor already started.");
         return;
     }
-    auto number = std::make_unique<unsigned>(++sNewestMonitor);
     // Without a thread the status stays zero, which the bar shows as not connected.
     if (pthread_create(&sMonitorThread, nullptr, monitorWifi, number.get()) != 0) return;
     [[maybe_unused]] const unsigned* theThreads = number.release();

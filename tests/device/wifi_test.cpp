@@ -6,12 +6,14 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <atomic>
 #include <chrono>
 #include <cstddef>
 #include <cstdlib>
 #include <cstring>
 #include <filesystem>
 #include <functional>
+#include <memory>
 #include <mutex>
 #include <regex>
 #include <string>
@@ -436,6 +438,61 @@ TEST_F(WifiMonitorTest, AStartWithinTheSleepAfterAStopLeavesOnlyTheNewThread) {
     EXPECT_EQ(refreshes(), 2);
     passAndSettle(1000);
     EXPECT_EQ(refreshes(), 3);
+}
+
+// Queries that end when the test lets them. Shared with the shell of the test, which the threads may outlive.
+struct SlowQueries {
+    std::atomic<int> begun{0};
+    std::atomic<int> allowed{0};
+};
+
+class WifiMonitorSlowQueryTest : public WifiMonitorTest {
+protected:
+    WifiMonitorSlowQueryTest() {
+        run(kSupplicant, "wpa_supplicant");
+        sShell = [this, queries = mQueries](const std::string& command) {
+            if (command.find(" status > ") == std::string::npos) return 0;
+            const int number = ++queries->begun;
+            becomesTrue([&] { return queries->allowed >= number; });
+            device().write("/tmp/wpa_status.txt", kConnected);
+            return 0;
+        };
+        rx_wifi_monitor_start();
+        EXPECT_TRUE(becomesTrue([&] { return mQueries->begun == 1; }));
+    }
+    ~WifiMonitorSlowQueryTest() override { letEnd(1000); }
+
+    void letEnd(int queries) { mQueries->allowed = queries; }
+
+private:
+    std::shared_ptr<SlowQueries> mQueries = std::make_shared<SlowQueries>();
+};
+
+TEST_F(WifiMonitorSlowQueryTest, AnAnswerThatComesAfterTheStopIsDropped) {
+    rx_wifi_monitor_stop();
+    letEnd(1);
+    ASSERT_TRUE(clock().waitForSleepers(1));
+    EXPECT_EQ(g_wpa_msg.state, 0);
+}
+
+TEST_F(WifiMonitorSlowQueryTest, AnAnswerToAFormerThreadIsDropped) {
+    rx_wifi_monitor_stop();
+    rx_wifi_monitor_start();  // returns while the former thread still asks
+    EXPECT_EQ(monitorThreads(), 2);
+    letEnd(1);
+    ASSERT_TRUE(clock().waitForSleepers(1));
+    EXPECT_EQ(g_wpa_msg.state, 0);
+    letEnd(2);
+    ASSERT_TRUE(clock().waitForSleepers(2));
+    EXPECT_EQ(g_wpa_msg.state, 4);
+}
+
+TEST_F(WifiMonitorSlowQueryTest, StartingTwiceDoesNotWaitForAQueryAndKeepsItsAnswer) {
+    rx_wifi_monitor_start();
+    EXPECT_EQ(monitorThreads(), 1);
+    letEnd(1);
+    ASSERT_TRUE(clock().waitForSleepers(1));
+    EXPECT_EQ(g_wpa_msg.state, 4);
 }
 
 TEST_F(WifiMonitorTest, StartsAgainAfterItEnded) {
