@@ -220,17 +220,32 @@ TEST_F(BGWorkThreadTest, JobMayAddJobs) {
     EXPECT_THAT(journal.lines(), ElementsAre("A works", "A done", "A deleted", "B works", "B done", "B deleted"));
 }
 
-TEST_F(BGWorkThreadTest, DroppedJobIsDeletedWithoutTheLock) {
-    class Asking : public Job {
-    public:
-        Asking(Journal& lines, BGWorkThread& queue) : Job(lines, "asking"), mQueue(queue) {}
-        ~Asking() override {
-            std::thread([this] { mQueue.getWorker(); }).join();  // would wait for ever if addWorker held the lock
-        }
+// Has another thread use the queue in each of its steps, which would wait for ever if the lock were held.
+class Asking : public Job {
+public:
+    Asking(Journal& lines, BGWorkThread& queue) : Job(lines, "asking", [this] { ask(); }), mQueue(queue) {}
+    ~Asking() override { ask(); }
+    void done() override {
+        ask();
+        Job::done();
+    }
 
-    private:
-        BGWorkThread& mQueue;
-    };
+private:
+    void ask() {
+        std::thread([this] { mQueue.getWorker(); }).join();
+    }
+
+    BGWorkThread& mQueue;
+};
+
+TEST_F(BGWorkThreadTest, JobWorksIsDoneAndIsDeletedWithoutTheLock) {
+    BGWorkThread thread(1);
+    thread.addWorker(new Asking(journal, thread));
+    journal.waitFor("asking deleted");
+    EXPECT_THAT(journal.lines(), ElementsAre("asking works", "asking done", "asking deleted"));
+}
+
+TEST_F(BGWorkThreadTest, DroppedJobIsDeletedWithoutTheLock) {
     BGWorkThread thread(1);
     keepBusy(thread);
     thread.addWorker(new Asking(journal, thread));

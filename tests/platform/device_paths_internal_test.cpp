@@ -23,6 +23,7 @@ TEST_F(DevicePathsTest, WithoutARootPathsAreLiteral) {
         {DevicePath::Proc, "/proc"},
         {DevicePath::FeaturesOnCard, "/mnt/SDCARD/features.json"},
         {DevicePath::FeaturesBuiltIn, "/usr/ostrel/features.json"},
+        {DevicePath::SettingsFile, "/mnt/UDISK/system.json"},
         {DevicePath::DisplayBrightness, "/sys/devices/virtual/disp/disp/attr/enhance_bright"},
         {DevicePath::DisplayContrast, "/sys/devices/virtual/disp/disp/attr/enhance_contrast"},
         {DevicePath::DisplayTemperature, "/sys/devices/virtual/disp/disp/attr/color_temperature"},
@@ -39,6 +40,7 @@ TEST_F(DevicePathsTest, WithoutARootPathsAreLiteral) {
         {DevicePath::BluetoothReady, "/tmp/bluetooth_ready"},
         {DevicePath::SecondSoundDevice, "/dev/dsp1"},
     };
+    ASSERT_EQ(expected.size(), static_cast<std::size_t>(DevicePath::Count));
     for (const auto& [path, text] : expected) {
         EXPECT_STREQ(devicePath(path), text);
         EXPECT_STREQ(devicePathForShell(path), text);

@@ -40,6 +40,13 @@ TEST_F(ProcessTest, ASpaceEndsTheNameToo) {
     EXPECT_EQ(check_process_exist("hostapd", 0), 41);
 }
 
+TEST_F(ProcessTest, OtherBlanksDoNotEndTheName) {
+    for (const char* blank : {"\t", "\n", "\r", "\v", "\f"}) {
+        run("41", "/usr/sbin/hostapd"s + blank + "-B\0"s);
+        EXPECT_EQ(check_process_exist("hostapd", 0), -1) << static_cast<int>(*blank);
+    }
+}
+
 TEST_F(ProcessTest, NameMayBeTheEndOfALongerOne) {
     run("41", "/usr/bin/xhostapd\0"s);
     EXPECT_EQ(check_process_exist("hostapd", 0), 41);
@@ -113,6 +120,16 @@ TEST_F(ProcessTest, VerboseTellsOfACandidateAndThePid) {
     EXPECT_EQ(log.text(),
               "[check: hostapd] p=hostapd -B in /usr/sbin/hostapd -B, pnlen=7, cmp 0, p[7]=32\n"
               "[check: hostapd] pid 41\n");
+}
+
+TEST_F(ProcessTest, VerboseTellsTheByteBehindTheNameWithoutASign) {
+    run("41", "/usr/sbin/hostapd\x80\0"s);
+    run("42", "/bin/sh\0"s);
+    LogCapture log;
+    EXPECT_EQ(check_process_exist("hostapd", 1), -1);
+    EXPECT_EQ(log.text(),
+              "[check: hostapd] p=hostapd\x80 in /usr/sbin/hostapd\x80, pnlen=7, cmp 0, p[7]=128\n"
+              "[check: hostapd] fail\n");
 }
 
 TEST_F(ProcessTest, VerboseTellsThatNoneWasFound) {

@@ -1,7 +1,31 @@
+#include <dlfcn.h>
+
+#include <cjson/cJSON.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <functional>
+
+#include "ostrel/device_root.h"
 #include "ostrel/system_settings.h"
 #include "support/fake_host.h"
 #include "support/log_capture.h"
 #include "support/test_device.h"
+
+namespace {
+
+// Takes the place of the shell while it is set.
+std::function<int(const std::string& command)> sShell;
+
+}  // namespace
+
+// The library binds to this one, because a program's definitions come before those of its libraries.
+extern "C" int system(const char* command) {
+    if (sShell) return sShell(command);
+    using System = int (*)(const char*);
+    static const auto real = reinterpret_cast<System>(dlsym(RTLD_NEXT, "system"));
+    return real(command);
+}
 
 namespace {
 
@@ -22,7 +46,12 @@ const InitialValues kInitial;
 class FeaturesTest : public ostreltest::DeviceTest {
 protected:
     FeaturesTest() { reset(); }
-    ~FeaturesTest() override { reset(); }
+    ~FeaturesTest() override {
+        sShell = nullptr;
+        cJSON_InitHooks(nullptr);
+        setDeviceRoot(device().root().c_str());
+        reset();
+    }
 
     void load(const std::string& content) {
         device().write(kOnCard, content);
@@ -169,6 +198,40 @@ TEST_F(FeaturesTest, TheMarkerIsTouchedAndNotEmptied) {
     device().write("/tmp/stay_awake", "somebody else's");
     load(R"({"suspend": 0})");
     EXPECT_EQ(device().read("/tmp/stay_awake"), "somebody else's");
+}
+
+TEST_F(FeaturesTest, ADeviceRootWithBlanksAndQuotesReachesTheShellWhole) {
+    const std::string root = "/it's a \"console\" $HOME";
+    std::filesystem::create_directories(device().path(root + "/tmp"));
+    device().write(root + kOnCard, R"({"suspend": 0})");
+    setDeviceRoot(device().path(root).c_str());
+    loadSystemFunction();
+    EXPECT_TRUE(device().exists(root + "/tmp/stay_awake"));
+}
+
+TEST_F(FeaturesTest, WithoutADeviceRootTheCommandIsLiteral) {
+    std::string commands;
+    sShell = [&](const std::string& command) {
+        commands += command + "\n";
+        return 0;
+    };
+    // The file of this console is open when its text is parsed, which is when the root goes.
+    cJSON_Hooks hooks = {[](std::size_t size) {
+                             setDeviceRoot(nullptr);
+                             return std::malloc(size);
+                         },
+                         std::free};
+    cJSON_InitHooks(&hooks);
+    load(R"({"suspend": 0})");
+    EXPECT_EQ(commands, "touch /tmp/stay_awake\n");
+}
+
+TEST_F(FeaturesTest, AShellThatFailsIsNoError) {
+    sShell = [](const std::string&) { return -1; };
+    LogCapture log;
+    load(R"({"suspend": 0, "battemp": 3})");
+    expectFeatures(0, 0, 3);
+    EXPECT_EQ(log.text(), "");
 }
 
 TEST_F(FeaturesTest, BluetoothFlagIsZeroWithoutTheFeatureWhateverTheHostSays) {
