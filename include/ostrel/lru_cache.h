@@ -21,7 +21,7 @@ public:
     /// @param freeFn releases a value that the cache drops, null values too; it runs with the lock held and must not
     ///        call back into this cache. Without one, values are dropped and not released.
     /// @param capacity the count above which an insertion drops the least recently used entries first; 0 and negative
-    ///        numbers leave the newest entry alone.
+    ///        numbers keep only the newest entry.
     LRUCache(void (*freeFn)(void*), int capacity);
     /// Releases every value as clear does.
     ~LRUCache();

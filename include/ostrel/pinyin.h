@@ -27,6 +27,7 @@ OSTREL_API char* GetPinyinInitials2(const char* text);
 ///        the first character, with no bytes.
 /// @param matchStart receives where in @p text the first matched character begins. @param matchBytes receives how many
 ///        bytes the matched characters take. Both stay as they are when nothing is found; either may be null.
-/// @return 0, or -1 when the key is not found, a text is null, or the initials are longer than the text.
+/// @return 0, or -1 when the key is not found, a text is null, or it is found past the last character of @p text
+///         (in initials that are not those of @p text).
 OSTREL_API int PinyinStrstr(const char* text, const char* initials, const char* key, const char** matchStart,
                             int* matchBytes);

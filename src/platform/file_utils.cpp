@@ -24,7 +24,7 @@ long measure(FILE* file) {
     return size;
 }
 
-// Asks again after a short read: a device or pipe may hand its text over in pieces.
+// Asks again after a short read: a device may hand its text over in pieces. Pipes have no size and are refused before.
 int readInPieces(FILE* file, char* buffer, int size) {
     int total = 0;
     for (int reads = 0; total < size && reads < kMostReads; ++reads) {
