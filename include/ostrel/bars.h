@@ -3,7 +3,7 @@
 /// Everything is drawn into the current render target, in the skin's fonts, colours and images, and read from the
 /// device anew on every call: nothing is kept but the icons (getIconFromCache).
 /// Threads: UI thread only.  Units: pixels of the 1280 x 720 screen.  Errors: none; an image or font that is missing is
-/// left out, and the widths returned stay the same.
+/// left out. The widths of status items stay the same then; a button of the lower bar is narrower by what is missing.
 ///
 /// Status items stand in a row that ends at the right of the navigation bar; each is told how far left of that end it
 /// starts and returns how wide it is, 0 when it shows nothing. An item's slot is 33 x 32 pixels at x = 1223 - offset,
@@ -42,7 +42,8 @@ OSTREL_API void drawIconInSlot(const SDL_Rect& slot, const char* name);
 
 /// Draws a button with what it does to the right of it: @p icon at @p x and, 10 pixels on, @p label in gStatFont and
 /// gStatColorTxt, each in the middle of the 70 pixels below @p y and 2 lower. @param icon stays the caller's.
-/// @return the width of the icon, the 10 pixels and the label; 0, with nothing drawn, when @p icon is null.
+/// @return the width of the icon, the 10 pixels and the label, which is 0 wide without the font; 0, with nothing drawn,
+///         when @p icon is null.
 OSTREL_API int draw_stat_icon_item_left(OstrelSurface* icon, int x, int y, const char* label);
 
 /// Top of the list counter; 672 until a program moves it.

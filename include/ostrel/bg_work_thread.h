@@ -16,6 +16,7 @@
 /// dropped: a job that has to report that it was dropped does so in its destructor.
 class OSTREL_API BGWorker {
 public:
+    /// Jobs are deleted through this class.
     virtual ~BGWorker();
     /// Does the job. Runs on the worker thread, with no lock held: it may add further jobs.
     virtual void work() = 0;

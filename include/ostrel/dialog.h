@@ -12,7 +12,8 @@ class Action;
 class OstrelSurface;
 class TextMenuDrawer;
 
-/// The frozen screen, darkened by the theme's overlay. Transient (type -1): it does not outlive a quit.
+/// The frozen screen, darkened by the theme's overlay. Its type is -1: when its own eventHandling asks to quit, it is
+/// deleted before the other windows are.
 class OSTREL_API FloatWindow : public OstrelWindow {
 public:
     /// @param titleId an interface text, or negative for none.
@@ -36,10 +37,9 @@ public:
 /// The images skin/pop-bg.png, skin/btn-bg-f.png and skin/btn-bg-n.png come from the theme.
 class OSTREL_API DialogWindow : public FloatWindow {
 public:
-    /// A question in the interface texts @p titleId and @p messageId. @param multiLine whether the message is drawn
-    /// line
-    ///        by line at its line feeds. @param ok run by the confirm button with a null argument, and then the
-    ///        dialog's own; null just closes. @param cancel called by the cancel button; may be null.
+    /// A question in the interface texts @p titleId and @p messageId. @param multiLine whether the message is broken
+    ///        at its line feeds. @param ok run by the confirm button with a null argument; the dialog's own from now
+    ///        on; null just closes. @param cancel called by the cancel button; may be null.
     DialogWindow(int titleId, int messageId, bool multiLine, Action* ok, void (*cancel)());
     /// The same with the texts themselves.
     DialogWindow(std::string title, std::string message, bool multiLine, Action* ok, void (*cancel)());

@@ -11,7 +11,7 @@
 
 /// Code of the SDL user event that asks a FileBrowserMenu for another directory. The action of a folder row posts it
 /// with data1 pointing to the whole path, which must stay valid until the menu has handled the event; a path that ends
-/// in ".." or "../" goes up. Also what eventHandling returns for a key that changed the directory or did nothing.
+/// in ".." or "../" goes up. Also a result of eventHandling, which says what it stands for.
 constexpr int FILE_BROWSER_CHANGE_DIR = 26;
 
 /// A list of a directory's entries, with the way down (the event above) and up (the key that does not confirm).
@@ -24,9 +24,12 @@ public:
     /// Deletes every item.
     ~FileBrowserMenu() override;
 
-    /// Reads one input and moves through the list and the tree.
-    /// @return WIN_BACK when the user goes back at the base directory, FILE_BROWSER_CHANGE_DIR for a change of
-    ///         directory and for the back key's other half, else what ListMenu::handleEvent gave.
+    /// Reads one input and moves through the list and the tree. B goes back, or A with SHM_BCONFIRM set: to the parent
+    /// directory, and at the base directory out of the menu.
+    /// @return WIN_BACK to leave; FILE_BROWSER_CHANGE_DIR after a change of directory, and for an event of that code
+    ///         without a path; else what ListMenu::handleEvent gave: the key, also one that did nothing, LIST_AT_TOP,
+    ///         or the result of a row's action. Such a result may read as a key too: the confirm key's number (1, or 2
+    ///         with SHM_BCONFIRM set) becomes FILE_BROWSER_CHANGE_DIR, the other one goes back as the key does.
     int eventHandling() override;
     TextMenuItem* getItemByIndex(int index) override;
     void draw() override;

@@ -19,7 +19,9 @@ class OSTREL_API Action {
 public:
     /// Actions are deleted through this class.
     virtual ~Action();
-    /// The main action. @param item the row that was chosen. @return negative for failure or nothing done.
+    /// The main action. @param item the row that was chosen. @return negative for failure or nothing done; else it
+    /// reaches the window's eventHandling. 1 and 2 read as keys A and B there: they close a PopUpWindow, and steer a
+    /// FileBrowserMenu (see its eventHandling).
     virtual int dowork(void* item) = 0;
     /// The second action, which key X runs. @param item as for dowork. @return negative for failure; here 0.
     virtual int xdowork(void* item);

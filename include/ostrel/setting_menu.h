@@ -14,6 +14,7 @@
 /// A value that left and right change. The host implements it; the order of the operations is the binary interface.
 class OSTREL_API ValueHandler {
 public:
+    /// Handlers are deleted through this class.
     virtual ~ValueHandler();
     /// Steps the value. @param key KEY_LEFT or KEY_RIGHT.
     virtual void changeValue(int key) = 0;
@@ -26,6 +27,7 @@ public:
 /// A value that is on or off. The host implements it; the order of the operations is the binary interface.
 class OSTREL_API SwitchHandler {
 public:
+    /// Handlers are deleted through this class.
     virtual ~SwitchHandler();
     /// @return whether it is on.
     virtual bool getValue() = 0;

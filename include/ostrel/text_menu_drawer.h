@@ -42,8 +42,8 @@ public:
     /// above 9999 it is drawn as 9999. @param font null draws nothing.
     virtual void drawListNum(int num, SDL_Rect& rect, _TTF_Font* font);
 
-    /// Sets the list's rectangle and shares its height out among @p itemsPerPage rows; see rowHeight of the
-    /// constructor.
+    /// Sets the list's rectangle and shares its height out among @p itemsPerPage rows: each gets (height - gaps) /
+    /// itemsPerPage, rounded towards 0, with itemsPerPage - 1 gaps of mYSpaceInList between them; 0 rows give height 0.
     void updateRectAndNum(SDL_Rect& rect, int itemsPerPage);
     /// Frees the background of the row under the cursor for good when @p ignore is true, so that this row has none;
     /// false does nothing.

@@ -10,8 +10,7 @@
 
 #include "ostrel/export.h"
 
-/// Results of OstrelWindow::eventHandling that the loop acts on. It goes on with the next queued event after any other,
-/// negative numbers and the KeyCodes that a window had no use for included.
+/// Results of OstrelWindow::eventHandling that the loop acts on. After any other it goes on with the next queued event.
 constexpr int WIN_REDRAW = 25;      ///< go on to the next frame; also the code of the event that toggleDrawState posts
 constexpr int WIN_BACK = 1002;      ///< remove this window, unless it is the last one
 constexpr int WIN_QUIT = 1003;      ///< leave runWindows
@@ -24,16 +23,17 @@ constexpr int WIN_CLOSE = 1005;     ///< remove this window; without windows the
 class OSTREL_API OstrelWindow {
 public:
     /// @param titleIndex of its title among the interface strings, negative for none.
-    /// @param typeCode a kind code of the creator's choice. The loop reads its sign alone: a negative type is a
-    /// transient
-    ///        window, deleted before the others when it asks to quit.
+    /// @param typeCode a kind code of the creator's choice. The loop reads its sign alone: a window of a negative type
+    ///        is transient, deleted before the others when it asks to quit.
     OstrelWindow(int titleIndex, int typeCode);
     OstrelWindow(const OstrelWindow&) = delete;
     OstrelWindow& operator=(const OstrelWindow&) = delete;
+    /// Windows are deleted through this class.
     virtual ~OstrelWindow();
 
     /// Handles at most one event, as wait_event gives it, and must not block. Called at least once a frame, also with
-    /// nothing pending. @return one of the results above.
+    /// nothing pending. @return one of the results above; any other number, a KeyCode or a negative one included, is
+    /// allowed and means nothing to the loop.
     virtual int eventHandling() = 0;
     /// Renders the whole window into the current render target.
     virtual void draw() = 0;

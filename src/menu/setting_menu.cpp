@@ -16,9 +16,7 @@ constexpr int kNotHandled = -1;
 
 }  // namespace
 
-SettingMenu::SettingMenu() : TextMenuDrawer(nullptr, nullptr, kRowsPerPage, 0) {
-    themePath = gThemePath == nullptr ? "" : gThemePath;
-}
+SettingMenu::SettingMenu() : TextMenuDrawer(nullptr, nullptr, kRowsPerPage, 0) {}
 
 SettingMenu::~SettingMenu() {
     tprintf("SettingMenu::~SettingMenu\n");
