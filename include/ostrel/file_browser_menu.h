@@ -30,6 +30,7 @@ public:
     ///         without a path; else what ListMenu::handleEvent gave: the key, also one that did nothing, LIST_AT_TOP,
     ///         or the result of a row's action. Such a result may read as a key too: the confirm key's number (1, or 2
     ///         with SHM_BCONFIRM set) becomes FILE_BROWSER_CHANGE_DIR, the other one goes back as the key does.
+    ///         From an action that has deleted the menu both give FILE_BROWSER_CHANGE_DIR.
     int eventHandling() override;
     TextMenuItem* getItemByIndex(int index) override;
     void draw() override;

@@ -20,6 +20,28 @@ bool leadsUp(std::string_view path) { return endsIn(path, "..") || endsIn(path, 
 
 const char* orEmpty(const char* text) { return text == nullptr ? "" : text; }
 
+// Tells whether a menu lives on after it has run an action, which may delete it. Kept outside of the menu, whose fields
+// are the binary interface, in a chain: an action may run a main loop with another browser.
+class Watch {
+public:
+    explicit Watch(const FileBrowserMenu* menu) : mMenu(menu), mOuter(sInnermost) { sInnermost = this; }
+    ~Watch() { sInnermost = mOuter; }
+    Watch(const Watch&) = delete;
+    Watch& operator=(const Watch&) = delete;
+
+    bool menuIsGone() const { return mMenu == nullptr; }
+    static void forget(const FileBrowserMenu* menu) {
+        for (Watch* watch = sInnermost; watch != nullptr; watch = watch->mOuter) {
+            if (watch->mMenu == menu) watch->mMenu = nullptr;
+        }
+    }
+
+private:
+    static inline Watch* sInnermost = nullptr;
+    const FileBrowserMenu* mMenu;
+    Watch* mOuter;
+};
+
 }  // namespace
 
 FileBrowserMenu::FileBrowserMenu(const char* base, const char* start, const char* selBgPath, const char* normalBgPath,
@@ -30,11 +52,13 @@ FileBrowserMenu::FileBrowserMenu(const char* base, const char* start, const char
       browser(file_filter, file_handler),
       curList(nullptr) {}
 
-FileBrowserMenu::~FileBrowserMenu() = default;
+FileBrowserMenu::~FileBrowserMenu() { Watch::forget(this); }
 
 int FileBrowserMenu::eventHandling() {
     SDL_Event event{};
+    Watch watch(this);
     const int result = handleEvent(wait_event(&event));
+    if (watch.menuIsGone()) return result == KEY_A || result == KEY_B ? FILE_BROWSER_CHANGE_DIR : result;
     const bool bConfirms = GetKeyShm(gShmInfo, SHM_BCONFIRM) != 0;
     switch (result) {
         case KEY_B:
@@ -81,7 +105,9 @@ void FileBrowserMenu::draw() { TextMenuDrawer::draw(); }
 
 int FileBrowserMenu::getListNum() { return curList == nullptr ? 0 : static_cast<int>(curList->size()); }
 
+// The old list goes with the browser's cache, and the host's callbacks may ask the menu for its rows meanwhile.
 std::vector<void*>* FileBrowserMenu::LoadDir() {
+    curList = nullptr;
     curList = browser.LoadDir(baseDir.c_str(), startDir.empty() ? nullptr : startDir.c_str());
     return curList;
 }

@@ -1,6 +1,7 @@
 #include "ostrel/file_browser_menu.h"
 
 #include <filesystem>
+#include <map>
 
 #include "ostrel/window.h"
 #include "support/abi.h"
@@ -165,6 +166,120 @@ TEST_F(FileBrowserMenuTest, AnActionThatGivesOneWithAConfirmingDoesNotMove) {
     open();
     EXPECT_EQ(pressA(), 26);
     EXPECT_EQ(menu->getCurrentDir(), roms());
+}
+
+// A result equal to the back key's number goes back as the key does: 2 with A confirming, 1 with B.
+TEST_F(FileBrowserMenuTest, AnActionThatGivesTheBackKeyGoesUpAndAtTheBaseLeaves) {
+    file("roms/A/1");
+    static int sResult;
+    static GeneralAction sGives([](void*) { return sResult; }, nullptr);
+    host().handler = [](const char* name, const char*, int) { return new TextMenuItem(name, nullptr, &sGives, false); };
+    for (const int bConfirms : {0, 1}) {
+        host().shm.values[19] = bConfirms;
+        sResult = bConfirms != 0 ? 1 : 2;
+        open((roms() + "/A").c_str());
+        EXPECT_EQ(bConfirms != 0 ? pressB() : pressA(), 26);
+        EXPECT_EQ(menu->getCurrentDir(), roms());
+        EXPECT_EQ(bConfirms != 0 ? pressB() : pressA(), 1002);
+    }
+}
+
+// Its results are keys to the menu, which is not there any more.
+TEST_F(FileBrowserMenuTest, AnActionMayDeleteTheMenuWhateverItGives) {
+    file("roms/A/1");
+    static int sResult;
+    static FileBrowserMenu* sMenu;
+    static GeneralAction sDeletes(
+        [](void*) {
+            delete sMenu;
+            return sResult;
+        },
+        nullptr);
+    host().handler = [](const char* name, const char*, int) {
+        return new TextMenuItem(name, nullptr, &sDeletes, false);
+    };
+    for (const int bConfirms : {0, 1}) {
+        host().shm.values[19] = bConfirms;
+        for (const auto& [result, handedOn] : std::map<int, int>{{1, 26}, {2, 26}, {26, 26}, {70, 70}, {1002, 1002}}) {
+            open((roms() + "/A").c_str());
+            sResult = result;
+            sMenu = menu.release();
+            drainEvents();
+            pushKey(SDL_KEYUP, bConfirms != 0 ? SDLK_LCTRL : SDLK_SPACE);
+            EXPECT_EQ(sMenu->eventHandling(), handedOn) << result << " with B confirming " << bConfirms;
+        }
+    }
+}
+
+class DeletesOnX : public Action {
+public:
+    explicit DeletesOnX(FileBrowserMenu*& menu) : mMenu(menu) {}
+    int dowork(void*) override { return 0; }
+    int xdowork(void*) override {
+        delete mMenu;
+        return 2;
+    }
+
+private:
+    FileBrowserMenu*& mMenu;
+};
+
+TEST_F(FileBrowserMenuTest, TheSecondActionMayDeleteTheMenuToo) {
+    file("roms/A/1");
+    static FileBrowserMenu* sMenu;
+    static DeletesOnX sAction(sMenu);
+    host().handler = [](const char* name, const char*, int) {
+        return new TextMenuItem(name, nullptr, &sAction, false);
+    };
+    open();
+    sMenu = menu.release();
+    drainEvents();
+    pushKey(SDL_KEYUP, SDLK_LSHIFT);
+    EXPECT_EQ(sMenu->eventHandling(), 26);
+}
+
+// The action runs a loop of its own with another browser, and deletes the outer one in there.
+TEST_F(FileBrowserMenuTest, AnActionInsideAnotherBrowsersActionMayDeleteTheOuterMenu) {
+    file("roms/A/1");
+    static FileBrowserMenu* sOuter;
+    static FileBrowserMenu* sInner;
+    static int sDepth;
+    static GeneralAction sOpens(
+        [](void*) {
+            if (sDepth++ == 0) {
+                drainEvents();
+                pushKey(SDL_KEYUP, SDLK_SPACE);
+                EXPECT_EQ(sInner->eventHandling(), 70);
+                return 2;
+            }
+            delete sOuter;
+            return 70;
+        },
+        nullptr);
+    sDepth = 0;
+    host().handler = [](const char* name, const char*, int) { return new TextMenuItem(name, nullptr, &sOpens, false); };
+    open();
+    sOuter = menu.release();
+    sInner = &open();
+    drainEvents();
+    pushKey(SDL_KEYUP, SDLK_SPACE);
+    EXPECT_EQ(sOuter->eventHandling(), 26);
+}
+
+TEST_F(FileBrowserMenuTest, ASecondLoadDirShowsNoRowsWhileTheHostMakesTheNewOnes) {
+    file("roms/game");
+    static FileBrowserMenu* sMenu;
+    static int sRowsSeen;
+    sRowsSeen = -1;
+    open();
+    sMenu = menu.get();
+    host().handler = [](const char* name, const char*, int) {
+        sRowsSeen = sMenu->getListNum();
+        return new TextMenuItem(name, nullptr, nullptr, false);
+    };
+    menu->LoadDir();
+    EXPECT_EQ(sRowsSeen, 0);
+    EXPECT_EQ(labels(), (Labels{"game"}));
 }
 
 TEST_F(FileBrowserMenuTest, AChangeRequestEntersTheDirectory) {
