@@ -20,6 +20,8 @@ constexpr int WIN_CLOSE = 1005;     ///< remove this window; without windows the
 /// A window. The order of the virtual operations is the binary interface.
 /// Its life: made by the host or a menu; init() if it came through the popup list; then onFrame, preDraw, draw and
 /// eventHandling while it is on top; onPop when a back or close result removes it; quit(); deletion.
+/// In onFrame, preDraw, draw and eventHandling it may take itself off the stack and delete itself: the loop touches it
+/// no more, calls neither onPop nor quit, and goes on with the next frame.
 class OSTREL_API OstrelWindow {
 public:
     /// @param titleIndex of its title among the interface strings, negative for none.
@@ -86,7 +88,8 @@ extern OSTREL_API bool gDrawWindow;
 /// SDL_QUIT shuts SDL down, and the loop goes on without a screen.
 OSTREL_API void runWindows(std::vector<OstrelWindow*>& stack);
 /// Queues @p w, never null, as the next popup and takes it over. The newest always wins: whatever was still queued gets
-/// quit(), without ever having got init(), and is deleted.
+/// quit(), without ever having got init(), and is deleted, and so is what these queue from quit(); what those queue in
+/// turn goes when @p w is shown.
 OSTREL_API void add2PopupList(OstrelWindow* w);
 /// Switches the loop's drawing. Switching on also posts an SDL_USEREVENT with code WIN_REDRAW. Threads: any.
 OSTREL_API void toggleDrawState(bool on);

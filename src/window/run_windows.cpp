@@ -49,12 +49,18 @@ void discard(WindowStack& windows) {
     }
 }
 
-void drawFrame(OstrelWindow* window) {
+// A window may take itself off the stack and delete itself in any of the calls: after each it is looked for.
+// @return whether it still is on the stack; if not, it is not presented either.
+bool drawFrame(const WindowStack& stack, OstrelWindow* window) {
     window->onFrame();
-    if (!__atomic_load_n(&gDrawWindow, __ATOMIC_RELAXED)) return;
+    if (!isOnStack(stack, window)) return false;
+    if (!__atomic_load_n(&gDrawWindow, __ATOMIC_RELAXED)) return true;
     window->preDraw();
+    if (!isOnStack(stack, window)) return false;
     window->draw();
+    if (!isOnStack(stack, window)) return false;
     ScreenUpdateAndFlip();
+    return true;
 }
 
 // The list is taken first: a popup queued by what runs here waits for the next frame.
@@ -132,7 +138,7 @@ Next handleEvents(Loop& loop, OstrelWindow* window) {
 bool runFrame(Loop& loop) {
     const uint64_t frameStartMs = systemms();
     OstrelWindow* window = loop.stack.back();
-    drawFrame(window);
+    if (!drawFrame(loop.stack, window)) return true;
     if (!gPopupList.empty()) {
         promotePopup(loop.stack);  // drawn in the very next frame: no events, no sleep
         return true;
@@ -176,8 +182,11 @@ void runWindows(std::vector<OstrelWindow*>& stack) {
 }
 
 void add2PopupList(OstrelWindow* w) {
-    // Not once but until nothing is left: a discarded popup may queue another one from its quit().
-    while (!gPopupList.empty()) discard(gPopupList);
+    // Twice, since a dropped popup may queue a successor from its quit(), and no more, since that one may do the same
+    // for ever. What is left stands before the new one, which is shown.
+    // (PopupThatAlwaysQueuesASuccessorDoesNotHoldUpANewOne)
+    discard(gPopupList);
+    discard(gPopupList);
     gPopupList.push_back(w);
 }
 

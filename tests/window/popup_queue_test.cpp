@@ -55,6 +55,30 @@ TEST_F(PopupQueueTest, PopupQueuedByTheQuitOfADroppedOneIsDroppedToo) {
     delete newer;
 }
 
+// Each of them queues the next one for as long as the test lets it.
+TEST_F(PopupQueueTest, PopupThatAlwaysQueuesASuccessorDoesNotHoldUpANewOne) {
+    int made = 0;
+    std::function<ScriptWindow*()> newRevenant = [&] {
+        ScriptWindow* revenant = newPopup(std::to_string(++made));
+        revenant->onQuit = [&] {
+            if (made < 50) add2PopupList(newRevenant());
+        };
+        return revenant;
+    };
+    add2PopupList(newRevenant());
+    ScriptWindow* newer = newPopup("newer");
+    add2PopupList(newer);
+    EXPECT_THAT(diary(), ElementsAre("1 quit", "1 deleted", "2 quit", "2 deleted"));
+    ASSERT_EQ(gPopupList.size(), 2U);
+    EXPECT_EQ(gPopupList.back(), newer);
+    made = 50;  // the last of them rests
+    push("bottom");
+    run();
+    EXPECT_EQ(std::count(diary().begin(), diary().end(), "newer draw"), 1);
+    EXPECT_EQ(std::count(diary().begin(), diary().end(), "3 draw"), 0);
+    EXPECT_EQ(std::count(diary().begin(), diary().end(), "3 deleted"), 1);
+}
+
 TEST_F(PopupQueueTest, PopupIsPromotedAfterTheFrameIsDrawnAndDrawnInTheVeryNextFrame) {
     push("bottom");
     add2PopupList(newPopup("popup"));

@@ -347,6 +347,53 @@ TEST_F(RunWindowsTest, WindowTakenOffTheStackByItsOwnHandlingIsNotTouchedAgain) 
                                      "bottom events", "bottom quit", "bottom deleted"));
 }
 
+// Takes the top window off the stack and deletes it, as the call that this runs in may do with its own window.
+void deleteTop(std::vector<OstrelWindow*>& stack) {
+    OstrelWindow* top = stack.back();
+    stack.pop_back();
+    delete top;
+}
+
+TEST_F(RunWindowsTest, WindowThatDeletesItselfInOnFrameIsNotTouchedAgain) {
+    push("bottom")->onEvents = results({});
+    push("top")->onFrameBegin = [this] { deleteTop(stack()); };
+    run();
+    EXPECT_THAT(diary(), ElementsAre("top frame", "top deleted", "bottom frame", "bottom preDraw", "bottom draw",
+                                     "present", "bottom events", "bottom quit", "bottom deleted"));
+}
+
+TEST_F(RunWindowsTest, WindowThatDeletesItselfInOnFrameWithDrawingOffIsNotTouchedAgain) {
+    push("bottom")->onEvents = results({});
+    push("top")->onFrameBegin = [this] { deleteTop(stack()); };
+    toggleDrawState(false);
+    run();
+    EXPECT_THAT(diary(), ElementsAre("top frame", "top deleted", "bottom frame", "bottom events", "bottom quit",
+                                     "bottom deleted"));
+}
+
+TEST_F(RunWindowsTest, WindowThatDeletesItselfInPreDrawIsNotTouchedAgain) {
+    push("bottom")->onEvents = results({});
+    push("top")->onPreDraw = [this] { deleteTop(stack()); };
+    run();
+    EXPECT_THAT(diary(), ElementsAre("top frame", "top preDraw", "top deleted", "bottom frame", "bottom preDraw",
+                                     "bottom draw", "present", "bottom events", "bottom quit", "bottom deleted"));
+}
+
+TEST_F(RunWindowsTest, WindowThatDeletesItselfInDrawIsNeitherPresentedNorTouchedAgain) {
+    push("bottom")->onEvents = results({});
+    push("top")->onDraw = [this] { deleteTop(stack()); };
+    run();
+    EXPECT_THAT(diary(),
+                ElementsAre("top frame", "top preDraw", "top draw", "top deleted", "bottom frame", "bottom preDraw",
+                            "bottom draw", "present", "bottom events", "bottom quit", "bottom deleted"));
+}
+
+TEST_F(RunWindowsTest, LoopEndsWhenTheLastWindowDeletesItselfInDraw) {
+    push("only")->onDraw = [this] { deleteTop(stack()); };
+    run();
+    EXPECT_THAT(diary(), ElementsAre("only frame", "only preDraw", "only draw", "only deleted"));
+}
+
 TEST_F(RunWindowsTest, WindowThatTookItselfOffAndAsksToCloseIsNotDeletedTwice) {
     push("bottom")->onEvents = results({});
     push("lower");
