@@ -1,5 +1,7 @@
 #include "ostrel/dir_browser.h"
 
+#include <dirent.h>
+#include <dlfcn.h>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -27,7 +29,29 @@ using ostreltest::passesInChild;
 using Labels = std::vector<std::string>;
 
 bool sRefuseNothrowMemory = false;
+bool sKeepsNoTypes = false;
 int sItemsAlive = 0;
+
+// A file system that keeps no kinds of entries, for as long as one of these lives.
+struct UntypedEntries {
+    UntypedEntries() { sKeepsNoTypes = true; }
+    ~UntypedEntries() { sKeepsNoTypes = false; }
+    UntypedEntries(const UntypedEntries&) = delete;
+    UntypedEntries& operator=(const UntypedEntries&) = delete;
+};
+
+}  // namespace
+
+// The library binds to this one, because a program's definitions come before those of its libraries.
+extern "C" dirent* readdir(DIR* directory) {
+    using ReadDir = dirent* (*)(DIR*);
+    static const auto libcs = reinterpret_cast<ReadDir>(dlsym(RTLD_NEXT, "readdir"));
+    dirent* entry = libcs(directory);
+    if (sKeepsNoTypes && entry != nullptr) entry->d_type = DT_UNKNOWN;
+    return entry;
+}
+
+namespace {
 
 class CountedItem : public TextMenuItem {
 public:
@@ -109,6 +133,17 @@ TEST_F(DirBrowserTest, ListsFilesAndFoldersWithTheirTypes) {
         EXPECT_EQ(call.path, roms() + "/" + call.name);
         EXPECT_EQ(call.type, call.name == "GBA" ? 102 : 101);
     }
+}
+
+TEST_F(DirBrowserTest, EntriesOfUnknownTypeAreLookedAtOneByOne) {
+    file("roms/game.gb");
+    folder("roms/GBA");
+    ASSERT_EQ(mkfifo(device().path("roms/pipe").c_str(), 0600), 0);
+    const UntypedEntries untyped;
+    DirBrowser browser(nullptr, plainFactory);
+    EXPECT_EQ(labelsOf(browser.LoadDir(roms().c_str(), nullptr)), (Labels{"GBA", "game.gb"}));
+    ASSERT_EQ(sCalls.size(), 2U);
+    for (const FactoryCall& call : sCalls) EXPECT_EQ(call.type, call.name == "GBA" ? 102 : 101);
 }
 
 TEST_F(DirBrowserTest, SortsByBytesWithUpperCaseFirst) {

@@ -141,6 +141,14 @@ TEST_F(SettingItemsTest, ARowThatCannotBeSelectedTakesTheNormalBackground) {
     EXPECT_GT(draw(row, true).count(kBlue), 0);
 }
 
+TEST_F(SettingItemsTest, TheFirstInterfaceTextIsATitleToo) {
+    SettingItem byId(nullptr, nullptr, 0, nullptr, nullptr);
+    SettingItem byText(nullptr, nullptr, "Cancel", nullptr, nullptr);
+    EXPECT_EQ(byId.titleId, 0);
+    EXPECT_TRUE(ostreltest::picturesMatch(draw(byId, false), draw(byText, false)));
+    EXPECT_GT(draw(byId, false).boundsOfAllBut(kBlack).w, 0);
+}
+
 TEST_F(SettingItemsTest, ARowWithoutImagesDrawsItsTitleAlone) {
     SettingItem row(nullptr, nullptr, "Title", nullptr, nullptr);
     const SDL_Rect text = draw(row, true).boundsOfAllBut(kBlack);

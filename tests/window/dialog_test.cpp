@@ -71,6 +71,22 @@ protected:
     static int pressLeft(DialogWindow& d) { return press(d, SDLK_LEFT, SDL_KEYDOWN); }
     static int pressRight(DialogWindow& d) { return press(d, SDLK_RIGHT, SDL_KEYDOWN); }
 
+    // The screen was filled with (200, 100, 50) when the window's picture was taken. Its panel is in the middle.
+    static void expectOverFrozenScreen(FloatWindow& window) {
+        OstrelSurface* const skins = gBackgroundFloat;
+        Canvas canvas(1280, 720, kBlack);
+        gBackgroundFloat = nullptr;
+        window.draw();
+        EXPECT_EQ(canvas.picture().at(0, 0), (Colour{200, 100, 50, 255}));
+        EXPECT_EQ(canvas.picture().at(640, 300), kPanel);
+        const auto overlay = ostreltest::plainSurface(1280, 720, {9, 9, 9, 255});
+        gBackgroundFloat = overlay.get();
+        window.draw();
+        EXPECT_EQ(canvas.picture().at(0, 0), (Colour{9, 9, 9, 255}));
+        EXPECT_EQ(canvas.picture().at(640, 300), kPanel);
+        gBackgroundFloat = skins;
+    }
+
     void writeSkin() {
         device().linkFont();
         writePlainPng(device().path("skin/pop-bg.png"), 700, 500, kPanel);
@@ -272,6 +288,17 @@ TEST_F(DialogTest, AnActionMayDeleteTheDialog) {
     EXPECT_EQ(pressA(*sDialog), 1002);
 }
 
+TEST_F(DialogTest, ACancelCallbackMayDeleteTheDialog) {
+    static DialogWindow* sDialog;
+    for (const bool onTheButton : {false, true}) {
+        sDialog = new DialogWindow("", "", false, new ResultAction(7), [] { delete sDialog; });
+        if (onTheButton) sDialog->mSelected = 0;
+        EXPECT_EQ(onTheButton ? pressA(*sDialog) : pressB(*sDialog), 1002);
+    }
+    EXPECT_EQ(ResultAction::deleted, 2);
+    EXPECT_EQ(ResultAction::worked, 0);
+}
+
 TEST_F(DialogTest, ADialogDeletesItsAction) {
     { DialogWindow dialog("", "", false, new ResultAction(0), nullptr); }
     EXPECT_EQ(ResultAction::deleted, 1);
@@ -296,6 +323,33 @@ TEST_F(DialogTest, PanelAndButtonsStandInTheirPlaces) {
     EXPECT_EQ(picture.at(690, 500), kFocused);
     EXPECT_EQ(picture.at(889, 559), kFocused);
     EXPECT_EQ(picture.at(689, 500), kPanel);
+    uninit_shared_skin();
+}
+
+// The theme's folder has all three, the working directory's skin only others.
+TEST_F(DialogTest, ADialogsImagesComeFromTheTheme) {
+    writeSkin();
+    uninit_shared_skin();
+    host().setTheme(device().path("night/"));
+    writePlainPng(device().path("night/skin/pop-bg.png"), 600, 480, {1, 2, 3, 255});
+    writePlainPng(device().path("night/skin/btn-bg-f.png"), 100, 40, {4, 5, 6, 255});
+    writePlainPng(device().path("night/skin/btn-bg-n.png"), 100, 40, {7, 8, 9, 255});
+    DialogWindow dialog("", "", false, nullptr, nullptr);
+    Canvas canvas(1280, 720, kBlack);
+    dialog.draw();
+    const Picture picture = canvas.picture();
+    EXPECT_EQ(picture.at(340, 120), (Colour{1, 2, 3, 255}));
+    EXPECT_EQ(picture.at(440, 510), (Colour{7, 8, 9, 255}));
+    EXPECT_EQ(picture.at(640, 510), (Colour{4, 5, 6, 255}));
+    for (const Colour fallback : {kPanel, kFocused, kUnfocused}) EXPECT_EQ(picture.count(fallback), 0);
+}
+
+TEST_F(DialogTest, ADialogStandsOverTheFrozenScreenAndTheOverlay) {
+    FillRect(nullptr, nullptr, 200, 100, 50, 255);
+    writeSkin();
+    DialogWindow dialog("", "", false, nullptr, nullptr);
+    dialog.init();
+    expectOverFrozenScreen(dialog);
     uninit_shared_skin();
 }
 
@@ -364,8 +418,13 @@ public:
     explicit KeyMenu(int result) : TextMenu(nullptr, nullptr, 6, 0), mResult(result) {}
     ~KeyMenu() override { ++deleted; }
     int eventHandling() override { return mResult; }
-    void draw() override { ++drawn; }
+    void draw() override {
+        ++drawn;
+        if (drawsAt.w == 0) return;
+        ostreltest::plainSurface(drawsAt.w, drawsAt.h, {250, 0, 0, 255})->render(nullptr, &drawsAt, true, nullptr);
+    }
     static int deleted;
+    SDL_Rect drawsAt{0, 0, 0, 0};
     int drawn = 0;
 
 private:
@@ -405,6 +464,45 @@ TEST_F(DialogTest, APopupDrawsItsPanelCentredAndThenTheMenu) {
     EXPECT_EQ(panel.w, 601);
     EXPECT_EQ(panel.h, 401);
     EXPECT_EQ(menu->drawn, 1);
+}
+
+TEST_F(DialogTest, APopupsMenuStandsOnThePanel) {
+    writePlainPng(device().path("skin/panel.png"), 600, 400, kPanel);
+    auto* menu = new KeyMenu(0);
+    menu->drawsAt = {600, 300, 20, 10};
+    PopUpWindow popup(-1, menu, "skin/panel.png");
+    Canvas canvas(1280, 720, kBlack);
+    popup.draw();
+    EXPECT_EQ(canvas.picture().count({250, 0, 0, 255}), 20 * 10);
+    EXPECT_EQ(canvas.picture().at(599, 300), kPanel);
+}
+
+TEST_F(DialogTest, APopupsPanelComesFromTheTheme) {
+    writePlainPng(device().path("skin/panel.png"), 600, 400, kPanel);
+    host().setTheme(device().path("night/"));
+    writePlainPng(device().path("night/skin/panel.png"), 300, 200, {1, 2, 3, 255});
+    PopUpWindow popup(-1, new KeyMenu(0), "skin/panel.png");
+    Canvas canvas(1280, 720, kBlack);
+    popup.draw();
+    EXPECT_EQ(canvas.picture().count({1, 2, 3, 255}), 300 * 200);
+    EXPECT_EQ(canvas.picture().count(kPanel), 0);
+}
+
+TEST_F(DialogTest, APopupStandsOverTheFrozenScreenAndTheOverlay) {
+    FillRect(nullptr, nullptr, 200, 100, 50, 255);
+    writePlainPng(device().path("skin/panel.png"), 600, 400, kPanel);
+    PopUpWindow popup(-1, new KeyMenu(0), "skin/panel.png");
+    popup.init();
+    expectOverFrozenScreen(popup);
+}
+
+TEST_F(DialogTest, APopupKeepsItsTitleAndIsTransient) {
+    PopUpWindow popup(4, nullptr, "skin/panel.png");
+    EXPECT_EQ(popup.title, 4);
+    EXPECT_STREQ(popup.getTitle(), "OPEN");
+    EXPECT_EQ(popup.type, -1);
+    EXPECT_EQ(popup.mMenu, nullptr);
+    EXPECT_EQ(popup.mPanel, nullptr);
 }
 
 TEST_F(DialogTest, APopupWithoutAMenuDrawsNoPanel) {
