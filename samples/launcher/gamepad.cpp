@@ -124,6 +124,8 @@ std::optional<SDL_Event> rewriteAxis(const SDL_JoyAxisEvent& axis, const PadLayo
     return event;
 }
 
+bool isMapped(SDL_JoystickID instance) { return sPad.mapped != nullptr && instance == sPad.instance; }
+
 // Puts the rewritten event into the queue by the side door, in place of the pad's own. SDL's game controller part
 // watches what goes through SDL_PushEvent, and would look for a hat or an axis that this pad may not have.
 void queue(std::optional<SDL_Event> event) {
@@ -146,8 +148,9 @@ void openFirstPad() {
 
 void closePad() { sPad = OpenPad{}; }
 
+// The key-repeat thread pushes events too, so the pad is looked at only for those of a pad, which come on our own
+// thread.
 bool filterPadEvent(SDL_Event& event) {
-    const bool ofMappedPad = sPad.mapped != nullptr && event.jdevice.which == sPad.instance;
     switch (event.type) {
         case SDL_JOYDEVICEADDED:
             // The library waits for SDL_CONTROLLERDEVICEADDED, which SDL sends for mapped pads alone.
@@ -158,11 +161,13 @@ bool filterPadEvent(SDL_Event& event) {
             return true;
         case SDL_JOYBUTTONDOWN:
         case SDL_JOYBUTTONUP:
-            if (ofMappedPad) queue(rewriteButton(event.jbutton, sPad.layout));
-            return !ofMappedPad;
+            if (!isMapped(event.jbutton.which)) return true;
+            queue(rewriteButton(event.jbutton, sPad.layout));
+            return false;
         case SDL_JOYAXISMOTION:
-            if (ofMappedPad) queue(rewriteAxis(event.jaxis, sPad.layout));
-            return !ofMappedPad;
+            if (!isMapped(event.jaxis.which)) return true;
+            queue(rewriteAxis(event.jaxis, sPad.layout));
+            return false;
         default:
             return true;
     }

@@ -28,7 +28,8 @@ std::atomic<bool> sQuitRequested{false};
 bool isKey(int key) { return key >= 0 && key < static_cast<int>(sStatus.values.size()); }
 
 // The library ends SDL at once when it meets SDL_QUIT, and its windows could not say goodbye. So the event is dropped
-// before it enters the queue, and the windows are asked to leave by a key of their own: WIN_QUIT.
+// before it enters the queue, and the windows are asked to leave by a key of their own: WIN_QUIT, which the library's
+// lists and popups pass on to the loop. Our own windows ask quitRequested.
 void askWindowsToQuit() {
     sQuitRequested = true;
     SDL_Event key{};
