@@ -36,8 +36,9 @@ OSTREL_API void bitmap_scale(unsigned short x, unsigned short y, unsigned short 
                              unsigned dstH, unsigned srcPitch, unsigned dstSkip, unsigned* src, unsigned* dst);
 
 /// Scales a frame of 32-bit pixels line by line: source rows are taken or left out, never blended; along a row two
-/// neighbours are averaged where the step between them is more than half done. Averages round up in the three colours
-/// of bits 0-23, and the top channel loses its carry (two times 0xFF averages to 0x7F).
+/// neighbours are averaged where at least half the step between them is done. A row that shrinks by less than a third
+/// waits for longer: for 2 * dstW - srcW of the step's dstW parts, so that most of its pixels stay sharp. Averages
+/// round up in the three colours of bits 0-23, and the top channel loses its carry (two times 0xFF averages to 0x7F).
 /// @param dstPitchBytes, srcPitchBytes from one row to the next; what is left of a whole pixel is cut off. In rows that
 ///        grow, the last average may take in the pixel behind the row's end, but never one behind the last row's.
 OSTREL_API void sdl_rs90_scale_frame32_bresenham_horz(unsigned* dst, unsigned dstW, unsigned dstH,

@@ -4,8 +4,9 @@
 /// Rotation: the panel of some consoles is mounted turned. Programs then draw into an off-screen texture of the logical
 ///   size, which ScreenUpdateAndFlip turns by 270 degrees onto a window whose sides are swapped.
 /// Without a screen (before ScreenInit, after ScreenUninit, after SDL has ended) nothing here or in surface.h draws,
-///   presents or frees a texture: drawing answers -1, makers of surfaces null. Surfaces may outlive the screen; they
-///   then have no texture, and draw nothing in the next one.
+///   presents or frees a texture: drawing answers -1, makers of surfaces null; only CropSurface and
+///   LoadOstrelSurfaceSpecSized, which work in memory, still give surfaces, without a texture. Surfaces may outlive the
+///   screen; they then have no texture, and draw nothing in the next one.
 #pragma once
 #include <SDL.h>
 
@@ -42,14 +43,17 @@ OSTREL_API SDL_Surface* create_surface(int w, int h);
 /// @return what SetRenderTarget was last given, null included; still the caller's.
 OSTREL_API OstrelSurface* GetRenderTarget();
 
-/// Says where surfaces are drawn from now on: into the texture of @p s, or, when @p s is null, on the screen. The
-/// renderer's own target changes only for the duration of each draw. @p s stays the caller's; when it is deleted while
-/// it is the target, drawing goes back to the screen. @return 0.
+/// Says where surfaces are drawn from now on: into the texture of @p s, or, when @p s is null, on the screen. For a
+/// surface without a texture that is the window itself, with rotation too. The renderer's own target changes only for
+/// the duration of each draw. @p s stays the caller's; when it is deleted while it is the target, drawing goes back to
+/// the screen. @return 0.
 OSTREL_API int SetRenderTarget(OstrelSurface* s);
 
 /// Reads what stands in the renderer's target, as a rule the window, into a new surface that the caller owns. It has
 /// the window's size, with rotation too, and keeps the pixels in memory, red and blue in their places. What the target
-/// does not cover stays transparent black. @return the surface, or null when there is no screen.
+/// does not cover stays transparent black. Only what the renderer's viewport shows is read: a host that set one of its
+/// own resets it first. @return the surface, or null when there is no screen. When memory is short, the surface lacks
+///         its texture, or is empty: 0 x 0, with neither texture nor pixels. Nothing is logged.
 OSTREL_API OstrelSurface* ScreenSnapshot();
 
 /// Does nothing but log "FBIOPAN_DISPLAY fail": no frame buffer is opened. Kept for programs that link to it.

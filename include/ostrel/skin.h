@@ -51,13 +51,14 @@ extern OSTREL_API LRUCache gIconCache;
 
 /// Sets the colours, opens the fonts and loads the images, in the order above; starts SDL_ttf when nobody did. Call it
 /// after ScreenInit and after setting gThemePath, once before each uninit_shared_skin: a second call in a row leaves
-/// the first set of fonts and images to whoever still uses it, and frees it never. Each font logs one line; of the
-/// images only a missing background does.
+/// the first set of fonts and images to whoever still uses it, and frees it never. Each font logs one line, and so does
+/// each image that comes from the working directory or is copied to 32 bits, and a missing background.
 OSTREL_API void init_shared_skin();
 
 /// Closes the fonts, deletes the images, sets all of them to null and empties the cache of rendered texts; colours and
-/// icons stay. Fonts are only forgotten when the host ended SDL_ttf before. Call it before ScreenUninit or after;
-/// calling it again changes nothing.
+/// icons stay. While SDL_ttf is not running, the fonts are only forgotten. That it was ended and started again goes
+/// unnoticed: a host that does so calls this first. Call it before ScreenUninit or after; calling it again changes
+/// nothing.
 OSTREL_API void uninit_shared_skin();
 
 /// Finds an icon by its path relative to the theme, or by an absolute one; a file is read only the first time it is

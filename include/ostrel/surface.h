@@ -1,8 +1,9 @@
 /// @file  surface.h: the images that windows draw, and the functions that make, cut, turn, fill and save them.
 /// Threads: UI thread only (the one that called ScreenInit).  Units: pixels, origin top left.
 /// Pixels: textures are ABGR8888 (bytes R, G, B, A in memory).  Owner: who gets a new surface deletes it.
-/// A failure is one log line with SDL's error text, unless the name's comment says otherwise, and a null result. Null
-/// surfaces, rectangles, pixels and paths are allowed everywhere.
+/// A failure is one log line with SDL's error text and a null result, unless the name's comment says otherwise. Without
+/// that line fail the operations that set and get, the FillRect family, CropSurface where it gives null, and getPixels
+/// when memory is short. Null surfaces, rectangles, pixels and paths are allowed everywhere.
 #pragma once
 #include <SDL.h>
 
@@ -35,8 +36,9 @@ public:
     /// or not above 0: the image's own size); out: the size of the pixels. @param pitch, bytesPerPixel out. Each may be
     /// null. Pixels of exactly the box's size that are there already are given as they are, and the box is not written.
     /// Otherwise the image is drawn onto the renderer's target, as a rule the window, and read back from there: red and
-    /// blue swapped, and what does not fit the target zero. @return the pixels, which stay the surface's and are
-    /// good until the next call, or null.
+    /// blue swapped, and what does not fit the target zero. @return the pixels, which stay the surface's and are good
+    /// until the next call or the surface's end; or null: without a texture always, with a log line, even when pixels
+    /// of the box's size are there.
     virtual void* getPixels(int* pitch, int* bytesPerPixel, int* width, int* height) = 0;
 };
 
@@ -92,11 +94,13 @@ OSTREL_API OstrelSurface* CreateFromPixels(void* pixels, int w, int h, int depth
 OSTREL_API OstrelSurface* CropSurface(OstrelSurface* s, SDL_Rect* r);
 
 /// Turns @p s clockwise about its centre into a new surface that just holds it, its sides rounded down. The copy in
-/// memory has red and blue swapped. @return the surface, or null when @p s has no texture or none can be made.
+/// memory has red and blue swapped; when memory is short there is none, in silence. @return the surface, or null when
+/// @p s has no texture or none can be made.
 OSTREL_API OstrelSurface* RotateSurface(OstrelSurface* s, int degrees);
 
 /// Blends a colour over the rectangle @p r (null for all of it) of @p s, or of the current target when @p s is null.
-/// Alpha 0 changes nothing. @return 0, or -1 when SDL refuses or @p s cannot be drawn on, as loaded images cannot.
+/// Alpha 0 changes nothing. When @p s has no texture, the renderer's own target is filled, as a rule the window.
+/// @return 0, or -1 when SDL refuses or @p s cannot be drawn on, as loaded images cannot.
 OSTREL_API int FillRect(OstrelSurface* s, SDL_Rect* r, unsigned char r8, unsigned char g8, unsigned char b8,
                         unsigned char a8);
 

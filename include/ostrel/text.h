@@ -42,8 +42,9 @@ OSTREL_API int DrawStringLines(TTF_Font* font, SDL_Rect& rect, const char* text,
 OSTREL_API int DrawStringLinesSpacing(TTF_Font* font, SDL_Rect& rect, const char* text, const char* delim, int spacing,
                                       SDL_Color& colour, int align, bool shadow);
 
-/// Tells where to cut a label. Of @p width, 20 pixels are kept free and nine tenths of the rest are used; characters
-/// up to U+0080 count 1.7 pixels more than their advance, those from U+10000 on as the glyph of their low 16 bits.
+/// Tells where to cut a label. Of @p width, 20 pixels are kept free and nine tenths of the rest are used, cut to whole
+/// pixels; characters up to U+0080 count 1.7 pixels more than their advance, those from U+10000 on as the glyph of
+/// their low 16 bits.
 /// @param reserved not used. @return how many code points to keep, the one that reaches the limit included; 0 when the
-///         text fits, and also when @p width is 20 or less or @p text is null. Without a font, advances are 0.
+///         text fits, and also when @p width is 21 or less or @p text is null. Without a font, advances are 0.
 OSTREL_API int getTruncateLen(TTF_Font* font, const char* text, int reserved, int width);
