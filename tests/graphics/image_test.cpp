@@ -48,6 +48,30 @@ Picture twoColours(int width, int height) {
     return picture;
 }
 
+std::string littleEndian(uint32_t value, int bytes) {
+    std::string text;
+    for (int i = 0; i < bytes; ++i) text += static_cast<char>(value >> (8 * i) & 0xFF);
+    return text;
+}
+
+struct Masks {
+    uint32_t red, green, blue, alpha;
+};
+
+// A BMP file of 4 x 4 equal pixels of 32 bits, whose channels lie where the masks say.
+std::string bmpOfMasks(const Masks& masks, uint32_t pixel) {
+    constexpr uint32_t kHeaderBytes = 56;  // up to the alpha mask
+    constexpr uint32_t kStart = 14 + kHeaderBytes;
+    constexpr uint32_t kBitFields = 3;
+    std::string file = "BM" + littleEndian(kStart + 64, 4) + littleEndian(0, 4) + littleEndian(kStart, 4);
+    file += littleEndian(kHeaderBytes, 4) + littleEndian(4, 4) + littleEndian(4, 4) + littleEndian(1, 2);
+    file += littleEndian(32, 2) + littleEndian(kBitFields, 4) + littleEndian(64, 4);
+    file += littleEndian(0, 4) + littleEndian(0, 4) + littleEndian(0, 4) + littleEndian(0, 4);
+    for (const uint32_t mask : {masks.red, masks.green, masks.blue, masks.alpha}) file += littleEndian(mask, 4);
+    for (int i = 0; i < 16; ++i) file += littleEndian(pixel, 4);
+    return file;
+}
+
 class ImageTest : public ScreenTest {
 protected:
     ImageTest() : ScreenTest(64, 48) {}
@@ -393,6 +417,25 @@ TEST_F(Thumbnail, OfAPaletteKeepsRedAndBlueInTheirPlaces) {
     const Surface image = scaled("a.png", 10, 10);
     EXPECT_EQ(log.lines(), (Lines{"thumb3bytes pixel 1", "copy 40x20 40:1->40x20 160:4"}));
     expectRedThenBlue(image);
+}
+
+// The last order that is taken as it is: the red of R, G, B, A lands where the result has its alpha.
+TEST_F(Thumbnail, OfTheOrderRgbaIsNotSwapped) {
+    device().write("a.bmp", bmpOfMasks({0xFF000000, 0x00FF0000, 0x0000FF00, 0x000000FF}, 0xFF0000FF));
+    EXPECT_EQ(scaled("a.bmp", 4, 4)->mSurface->format->format, 0x16462004U);
+    const Colour colour = colourOf(scaled("a.bmp", 10, 10));
+    EXPECT_EQ(colour.r, 0);
+    EXPECT_GE(colour.b, 250);
+    EXPECT_GE(colour.a, 250);
+}
+
+// The first order with blue above red.
+TEST_F(Thumbnail, OfTheOrderXbgrIsSwapped) {
+    device().write("a.bmp", bmpOfMasks({0x000000FF, 0x0000FF00, 0x00FF0000, 0}, 0x000000FF));
+    EXPECT_EQ(scaled("a.bmp", 4, 4)->mSurface->format->format, 0x16561804U);
+    const Colour colour = colourOf(scaled("a.bmp", 10, 10));
+    EXPECT_GE(colour.r, 250);
+    EXPECT_EQ(colour.b, 0);
 }
 
 TEST_F(Thumbnail, MayGrow) {

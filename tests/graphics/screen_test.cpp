@@ -278,6 +278,30 @@ TEST_F(ScreenFlip, ReturnsZero) {
     EXPECT_EQ(ScreenUpdateAndFlip(), 0);
 }
 
+TEST_F(ScreenFlip, PresentsOnce) {
+    ScreenInit(64, 48, 32, 0);
+    SdlSpy spy;
+    ScreenUpdateAndFlip();
+    EXPECT_EQ(spy.presents, 1);
+}
+
+TEST_F(ScreenFlip, PresentsATurnedPictureOnce) {
+    ScreenInit(64, 48, 32, 1);
+    SdlSpy spy;
+    ScreenUpdateAndFlip();
+    EXPECT_EQ(spy.presents, 1);
+}
+
+TEST_F(ScreenFlip, PresentsWhatWasTurnedBefore) {
+    ScreenInit(64, 48, 32, 1);
+    FillRect(nullptr, nullptr, 255, 0, 0, 255);
+    SdlSpy spy;
+    int redWhenPresented = -1;
+    spy.onPresent = [&redWhenPresented] { redWhenPresented = Picture::ofWindow().count(kRed); };
+    ScreenUpdateAndFlip();
+    EXPECT_EQ(redWhenPresented, 47 * 64);  // all of the window but the column that the turn leaves free
+}
+
 TEST_F(ScreenFlip, KeepsTheFrameAsItWas) {
     ScreenInit(64, 48, 32, 0);
     FillRect(nullptr, nullptr, 255, 0, 0, 255);

@@ -280,6 +280,14 @@ TEST_F(SurfaceRender, DrawsAllTheSameWhenTheDumpCannotBeWritten) {
     EXPECT_EQ(canvas.picture().count(kRed), 128 * 96);
 }
 
+TEST_F(SurfaceRender, DumpsTheTargetAlsoAfterAFailedCopy) {
+    const Canvas canvas(128, 96, kGreen);
+    SDL2OstrelSurface empty(nullptr, nullptr);
+    EXPECT_EQ(empty.render(nullptr, nullptr, false, device().path("dump.bmp").c_str()), -1);
+    ASSERT_TRUE(device().exists("dump.bmp"));
+    EXPECT_TRUE(picturesMatch(Picture::load(device().path("dump.bmp")), Picture(128, 96, kGreen)));
+}
+
 TEST_F(SurfaceRender, LogsAFailedCopyIntoATexture) {
     const Canvas canvas(128, 96, kBlack);
     SDL2OstrelSurface empty(nullptr, nullptr);

@@ -98,6 +98,15 @@ SDL_Surface* IMG_Load(const char* file) {
     return load(file);
 }
 
+void SDL_RenderPresent(SDL_Renderer* renderer) {
+    static auto* present = sdlFunction<decltype(SDL_RenderPresent)>("SDL_RenderPresent");
+    if (sSpy != nullptr) {
+        ++sSpy->presents;
+        if (sSpy->onPresent) sSpy->onPresent();
+    }
+    present(renderer);
+}
+
 void SDL_DestroyWindow(SDL_Window* window) {
     static auto* destroy = sdlFunction<decltype(SDL_DestroyWindow)>("SDL_DestroyWindow");
     if (sSpy != nullptr) sSpy->destroyed.push_back(window);

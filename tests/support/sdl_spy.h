@@ -1,4 +1,5 @@
-// Watches SDL make windows, renderers, textures, surfaces and pictures of text, and open files; lets it fail on demand.
+// Watches SDL make windows, renderers, textures, surfaces and pictures of text, open files and present frames; lets it
+// fail on demand.
 // While none lives, the calls pass straight through; at most one lives at a time.
 #pragma once
 #include <SDL.h>
@@ -55,6 +56,9 @@ public:
     std::vector<std::string> decodedImages;      // IMG_Load
 
     std::vector<const void*> destroyed;  // windows, renderers and textures, in order
+
+    int presents = 0;                 // SDL_RenderPresent
+    std::function<void()> onPresent;  // called before the frame is shown
 
     // Which calls fail.
     bool failWindows = false;
