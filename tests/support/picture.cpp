@@ -101,10 +101,9 @@ Picture Picture::ofSurface(SDL_Surface* surface) {
     if (converted == nullptr) return {};
     Picture result(converted->w, converted->h);
     for (int y = 0; y < converted->h; ++y) {
-        const auto* row = static_cast<const uint8_t*>(converted->pixels) + y * converted->pitch;
-        for (int x = 0; x < converted->w; ++x) {
-            result.set(x, y, {row[x * 4], row[x * 4 + 1], row[x * 4 + 2], row[x * 4 + 3]});
-        }
+        const auto rowOffset = static_cast<std::ptrdiff_t>(y) * converted->pitch;
+        const uint8_t* pixel = static_cast<const uint8_t*>(converted->pixels) + rowOffset;
+        for (int x = 0; x < converted->w; ++x, pixel += 4) result.set(x, y, {pixel[0], pixel[1], pixel[2], pixel[3]});
     }
     SDL_FreeSurface(converted);
     return result;
