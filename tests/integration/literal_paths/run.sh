@@ -1,9 +1,9 @@
 #!/usr/bin/env bash
 # Runs a program in a file system of its own, laid out as on the console, so that the library meets the paths that it
 # uses without a device root. Nothing outside is touched. Exit code 77: this system allows no private mounts.
-#   run.sh PROGRAM BUILD_DIRECTORY MOUNT_POINT
+#   run.sh PROGRAM SOURCE_DIRECTORY BUILD_DIRECTORY MOUNT_POINT
 set -euo pipefail
-readonly program=$1 build=$2 root=$3
+readonly program=$1 source=$2 build=$3 root=$4
 
 # bind DIRECTORY: shows it at the same place below the new root
 bind() {
@@ -41,12 +41,14 @@ make_console() {
     chmod +x "$root/console/wpa_cli"
 }
 
-if [[ ${4:-} == inside ]]; then
+if [[ ${5:-} == inside ]]; then
     mount -t tmpfs tmpfs "$root"
     make_console
     bind_all /usr ostrel
     bind_all "" mnt sys tmp usr
-    bind "$build"  # which may be in a folder left out above
+    # Either may lie in a folder left out above; a sanitizer reads its list of exceptions from the sources.
+    bind "$source"
+    bind "$build"
     PATH=/console:$PATH exec chroot "$root" "$program"
 fi
 
@@ -55,4 +57,4 @@ mkdir -p "$root"
 unshare -rm --propagation private sh -c \
     'mount -t tmpfs tmpfs "$1" && mkdir "$1/all" && mount --rbind / "$1/all" && chroot "$1/all" true' \
     sh "$root" 2>/dev/null || exit 77
-exec unshare -rm --propagation private "$BASH" "$0" "$program" "$build" "$root" inside
+exec unshare -rm --propagation private "$BASH" "$0" "$program" "$source" "$build" "$root" inside
