@@ -38,6 +38,7 @@ OstrelSurface* wrapInSurface(SurfacePtr rendered) {
 // The text as a picture, which stays the cache's. The shadow has a picture of its own in the text's own colour.
 OstrelSurface* getTextSurface(TTF_Font* font, const char* text, SDL_Color colour, bool shadow) {
     if (font == nullptr || text == nullptr || ostrel::liveRenderer() == nullptr) return nullptr;
+    if (*text == '\0') return nullptr;  // SDL_ttf would refuse it anew in every frame
     const char* key = cacheKey(font, text, colour, shadow);
     auto* cached = static_cast<OstrelSurface*>(gTextSurfaceCache.get(key));
     if (cached != nullptr) return cached;

@@ -269,6 +269,11 @@ TEST_F(TextTest, TextsThatDoNotRenderAreNotKept) {
     EXPECT_NE(gTextSurfaceCache.get(key("probe", "FF_FF_FF_FF_shadow0")), nullptr);
 }
 
+TEST_F(TextTest, SdlIsNotAskedToRenderAnEmptyText) {
+    for (int i = 0; i < 3; ++i) EXPECT_EQ(DrawString(mFont, {0, 0, 9, 9}, "", kWhite, 0, true, false), 0);
+    EXPECT_EQ(rendered(), 0U);
+}
+
 TEST_F(TextTest, FailedTexturesTakeUpPlacesInTheCache) {
     pretend("probe", 1, 1, kRed);
     mSpy.failTexturesFromSurfaces = true;
