@@ -109,6 +109,17 @@ TEST_F(PowerTest, FoldersInPlaceOfFilesCountAsUnreadable) {
     EXPECT_EQ(readBatteryADC(), 0);
 }
 
+// A file that never comes to a line's end, and bytes that are no text.
+TEST_F(PowerTest, LinesWithoutEndAndOtherBytesCountAsNothing) {
+    using namespace std::string_literals;
+    for (const std::string& content : {std::string(1'000'000, '\xFF'), "\0\1\2\n1\n"s, std::string(1'000'000, ' ')}) {
+        EXPECT_FALSE(chargingWith(content));
+        EXPECT_FALSE(onlineWith(content));
+        EXPECT_EQ(capacityWith(content), 0);
+    }
+    EXPECT_EQ(capacityWith("77" + std::string(1'000'000, ' ')), 77);
+}
+
 TEST_F(PowerTest, FollowsTheFilesFromCallToCall) {
     EXPECT_EQ(capacityWith("64\n"), 64);
     EXPECT_EQ(capacityWith("63\n"), 63);

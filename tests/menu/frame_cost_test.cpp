@@ -8,15 +8,19 @@
 #include <memory>
 #include <new>
 
+#include "ostrel/bars.h"
+#include "ostrel/image.h"
 #include "ostrel/log.h"
 #include "ostrel/menu_item.h"
 #include "ostrel/pinyin.h"
 #include "ostrel/skin.h"
 #include "ostrel/text.h"
 #include "ostrel/text_menu.h"
+#include "support/fake_host.h"
 #include "support/log_capture.h"
 #include "support/screen_test.h"
 #include "support/sdl_spy.h"
+#include "window/script_window.h"
 
 using ostreltest::Canvas;
 using ostreltest::LogCapture;
@@ -175,6 +179,45 @@ TEST_F(FrameCostTest, AWarmFrameAsksForNoMemoryButWhatItsInterfacesNeed) {
     });
     EXPECT_GT(needed, 0);
     EXPECT_EQ(blocksOf([&menu] { menu.draw(); }), needed);
+}
+
+// What a full-screen window draws besides its list: the navigation bar, and a hint for each of three buttons.
+TEST_F(FrameCostTest, AWarmFrameOfBothBarsAsksForNoMemoryButWhatItsInterfacesNeed) {
+    device().write("/sys/class/power_supply/axp2202-battery/capacity", "64\n");
+    device().write("/sys/class/power_supply/axp2202-battery/status", "Discharging\n");
+    device().write("/sys/class/power_supply/axp2202-usb/online", "0\n");
+    ostreltest::host().shm.values[SHM_VOL] = 7;
+    for (const char* name : {"skin/ic-batery-75%.png", "skin/ic-sound-n.png"}) {
+        writePlainPng(name, 30, 30, {90, 90, 0, 255});
+    }
+    const std::unique_ptr<OstrelSurface> button(LoadOstrelSurface("./", "./", "skin/icon.png"));
+    ostreltest::Diary diary;
+    ostreltest::ScriptWindow window(diary, "window", /*titleIndex=*/0);
+    const Canvas canvas(1280, 720);
+    const auto drawBars = [&] {
+        window.drawNavBar(0);
+        for (const char* hint : {"a hint of some length", "another of that kind", "the last"}) {
+            draw_stat_icon_item_left(button.get(), 30, 650, hint);
+        }
+    };
+    {
+        const LogCapture quiet;
+        drawBars();
+    }
+    const long needed = blocksOf([] {
+        for (const char* name : {"skin/ic-batery-75%.png", "skin/ic-sound-n.png"}) getIconFromCache(name);
+        DrawString(gNavFont, {}, "Cancel", gNavColorTxt, 0, false, false);
+        DrawString(gNavFontIcon, {}, "64%", gNavColorIcon, 0, false, false);
+        for (const char* hint : {"a hint of some length", "another of that kind", "the last"}) {
+            DrawString(gStatFont, {}, hint, gStatColorTxt, 0, false, false);
+        }
+    });
+    EXPECT_GT(needed, 0);
+    EXPECT_EQ(blocksOf(drawBars), needed);
+    const SdlSpy spy;
+    drawBars();
+    EXPECT_THAT(spy.decodedImages, IsEmpty());
+    EXPECT_THAT(spy.renderedTexts, IsEmpty());
 }
 
 TEST_F(FrameCostTest, AMillionRowsAreLookedAtNoMoreOftenThanAHundred) {

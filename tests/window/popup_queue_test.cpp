@@ -163,6 +163,15 @@ TEST_F(PopupQueueTest, PopupQueuedInOnFrameIsPromotedInThatFrame) {
                                      "popup quit", "popup deleted", "bottom quit", "bottom deleted"));
 }
 
+TEST_F(PopupQueueTest, PopupQueuedInPreDrawIsPromotedInThatFrame) {
+    ScriptWindow* bottom = push("bottom");
+    bottom->onPreDraw = [this] { add2PopupList(newPopup("popup")); };
+    run();
+    EXPECT_THAT(diary(), ElementsAre("bottom frame", "bottom preDraw", "bottom draw", "present", "popup init",
+                                     "popup frame", "popup preDraw", "popup draw", "present", "popup events",
+                                     "popup quit", "popup deleted", "bottom quit", "bottom deleted"));
+}
+
 TEST_F(PopupQueueTest, PopupQueuedInDrawIsPromotedInThatFrame) {
     ScriptWindow* bottom = push("bottom");
     bottom->onDraw = [this] { add2PopupList(newPopup("popup")); };
@@ -190,6 +199,18 @@ TEST_F(PopupQueueTest, PopupQueuedInQuitIsPromotedOverTheWindowBelow) {
     ScriptWindow* top = push("top");
     top->onEvents = results({1002});
     top->onQuit = [this] { add2PopupList(newPopup("popup")); };
+    run();
+    EXPECT_THAT(diary(), ElementsAre("top frame", "top preDraw", "top draw", "present", "top events", "top pop",
+                                     "top quit", "top deleted", "bottom frame", "bottom preDraw", "bottom draw",
+                                     "present", "popup init", "popup frame", "popup preDraw", "popup draw", "present",
+                                     "popup events", "popup quit", "popup deleted", "bottom quit", "bottom deleted"));
+}
+
+TEST_F(PopupQueueTest, PopupQueuedInOnPopIsPromotedOverTheWindowBelow) {
+    push("bottom");
+    ScriptWindow* top = push("top");
+    top->onEvents = results({1002});
+    top->onRemoved = [this] { add2PopupList(newPopup("popup")); };
     run();
     EXPECT_THAT(diary(), ElementsAre("top frame", "top preDraw", "top draw", "present", "top events", "top pop",
                                      "top quit", "top deleted", "bottom frame", "bottom preDraw", "bottom draw",
