@@ -7,13 +7,32 @@
 
 namespace launcher {
 
-/// Any of them is null when neither the theme nor the working directory has the file.
+/// Any of them is null when neither the theme nor the working directory has the file. The images change with the theme:
+/// ask at each draw, or again in themeChanged.
 struct Icons {
     std::unique_ptr<OstrelSurface> game;
     std::unique_ptr<OstrelSurface> file;
+    std::unique_ptr<OstrelSurface> search;
+    std::unique_ptr<OstrelSurface> recent;
+    std::unique_ptr<OstrelSurface> settings;
+    std::unique_ptr<OstrelSurface> about;
+    std::unique_ptr<OstrelSurface> power;
+    std::unique_ptr<OstrelSurface> next;
     std::unique_ptr<OstrelSurface> buttonX;
     std::unique_ptr<OstrelSurface> buttonY;
     std::unique_ptr<OstrelSurface> buttonSelect;
+    std::unique_ptr<OstrelSurface> settingFocused;
+    std::unique_ptr<OstrelSurface> settingNormal;
+    std::unique_ptr<OstrelSurface> arrowLeftFocused;
+    std::unique_ptr<OstrelSurface> arrowLeft;
+    std::unique_ptr<OstrelSurface> arrowRightFocused;
+    std::unique_ptr<OstrelSurface> arrowRight;
+    std::unique_ptr<OstrelSurface> valueBox;
+    std::unique_ptr<OstrelSurface> switchOn;
+    std::unique_ptr<OstrelSurface> switchOff;
+    std::unique_ptr<OstrelSurface> artPanel;
+    std::unique_ptr<OstrelSurface> keyFocused;
+    std::unique_ptr<OstrelSurface> keyNormal;
 };
 
 /// Empty before loadIcons and after freeIcons.
@@ -23,5 +42,9 @@ const Icons& icons();
 void loadIcons();
 /// Runs before ScreenUninit.
 void freeIcons();
+
+/// The buttons that confirm and go back, as the settings have them; not the caller's.
+OstrelSurface* confirmButton();
+OstrelSurface* backButton();
 
 }  // namespace launcher

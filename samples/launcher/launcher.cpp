@@ -4,26 +4,27 @@
 #include <SDL_ttf.h>
 
 #include <cstdio>
-#include <cstdlib>
-#include <filesystem>
-#include <memory>
 #include <vector>
 
+#include "art_loader.h"
+#include "game_system.h"
 #include "host.h"
-#include "icons.h"
-#include "list_window.h"
 #include "ostrel/device_root.h"
 #include "ostrel/host.h"
 #include "ostrel/language.h"
 #include "ostrel/log.h"
 #include "ostrel/pinyin.h"
 #include "ostrel/screen.h"
-#include "ostrel/skin.h"
 #include "ostrel/system_settings.h"
-#include "ostrel/system_state.h"
+#include "popups.h"
 #include "run_folder.h"
+#include "run_program.h"
+#include "session.h"
+#include "settings_values.h"
 #include "texts.h"
-#include "theme_colours.h"
+#include "theme.h"
+#include "window_state.h"
+#include "windows/games_window.h"
 
 namespace launcher {
 namespace {
@@ -41,67 +42,69 @@ bool openScreen(const Options& options) {
     return false;
 }
 
-// What the command line does not choose, the settings file does, and the dark theme stands in when neither does.
-void loadSettings(const Options& options) {
-    char* theme = nullptr;
-    loadSystemFunction();
-    loadSystemState(gShmInfo, &theme);
-    const std::unique_ptr<char, decltype(&std::free)> owned(theme, &std::free);
-    if (!options.themeDir.empty()) {
-        setTheme(options.themeDir);
-    } else {
-        setTheme(theme != nullptr ? theme : OSTREL_SOURCE_DIR "/theme/dark/");
-    }
-}
-
-void loadTexts(const Options& options) {
+// What the program keeps as long as it lives; none of it needs a screen.
+bool prepare(const Options& options) {
+    if (!enterRunFolder(options)) return false;
+    setDeviceRoot(options.deviceRoot.c_str());
+    setSessionRoot(options.deviceRoot);
+    setGamesRoot(options.gamesDir);
+    initLogger(options.logToTerminal ? kLogToTerminal : kLogToSystem);
+    loadSettings(options.themeDir);
     addTexts();
     initLang();
     if (!options.language.empty()) setSystemLanguage(options.language.c_str());
     InitPinYinMap();
+    listView().searchWord = options.searchWord;
+    return true;
 }
 
-// Words that the sample games have something for.
-void chooseSearchWords(const Options& options) {
-    listView().searchWords = {"zg", "star", "xy"};
-    if (options.searchWords.empty()) return;
-    listView().searchWords = options.searchWords;
-    listView().searchWord = 1;
+// A game that could not be started, and why.
+struct Failure {
+    std::string title;
+    std::string reason;
+};
+
+void tell(const Failure& failure) {
+    if (failure.reason.empty()) return;
+    showMessage(getLangStr(kTextCannotPlay), failure.title + "\n" + failure.reason);
 }
 
-std::string headingOf(const Options& options) {
-    if (options.directory == OSTREL_SAMPLE_DIR "/games") return getLangStr(kTextGames);
-    const std::filesystem::path folder = options.directory;
-    return folder.filename().empty() ? folder.string() : folder.filename().string();
+// Opens everything that needs a screen, runs the windows until one of them asks to leave, and lets all of it go again:
+// first what holds images, then the screen.
+bool runOnScreen(const Options& options, const Failure& failure) {
+    if (!openScreen(options)) return false;
+    loadSkin();
+    startHost(OSTREL_SAMPLE_DIR "/sounds/key.wav");
+    if (options.visitFile.empty()) startDevices();
+    std::vector<OstrelWindow*> windows = restoreWindows(options);
+    tell(failure);
+    runWindows(windows);  // frees the windows before it returns
+    saveSettings();
+    stopHost();
+    freeArt();
+    freeSkin();
+    ScreenUninit();
+    TTF_Quit();
+    SDL_Quit();
+    return true;
+}
+
+Failure play(const PlayRequest& game) {
+    const std::string reason = runProgram(game.command);
+    if (reason.empty()) return {};
+    return {game.title, game.command.front() + ": " + reason};
 }
 
 }  // namespace
 
-// The order matters: the device root before anything that reads a file of the device, the screen before any image, the
-// texts before any window, and on the way out everything that holds images before the screen.
 int runLauncher(const Options& options) {
-    if (!enterRunFolder(options)) return 1;
-    setDeviceRoot(options.deviceRoot.c_str());
-    initLogger(options.logToTerminal ? kLogToTerminal : kLogToSystem);
-    if (!openScreen(options)) return 1;
-    loadSettings(options);
-    loadTexts(options);
-    init_shared_skin();
-    applyThemeColours(gThemePath);
-    loadIcons();
-    startHost(OSTREL_SAMPLE_DIR "/sounds/key.wav");
-    if (options.visitFile.empty()) startPads();
-
-    chooseSearchWords(options);
-    std::vector<OstrelWindow*> windows{new ListWindow(options.directory, headingOf(options), ListWindow::Level::First)};
-    runWindows(windows);  // frees the windows before it returns
-
-    stopHost();
-    freeIcons();
-    uninit_shared_skin();
-    ScreenUninit();
-    TTF_Quit();
-    SDL_Quit();
+    if (!prepare(options)) return 1;
+    if (!runOnScreen(options, {})) return 1;
+    Options back = options;
+    back.startAfresh = false;
+    for (PlayRequest game; takePlayRequest(game);) {
+        if (!runOnScreen(back, play(game))) return 1;
+    }
     return 0;
 }
 

@@ -10,10 +10,23 @@ namespace fs = std::filesystem;
 namespace launcher {
 namespace {
 
-enum Choice { kHelp = 'h', kTheme = 256, kLanguage, kRotate, kDevice, kRunFolder, kSearch, kVisit, kShots, kLog };
+enum Choice {
+    kHelp = 'h',
+    kGames = 256,
+    kTheme,
+    kLanguage,
+    kRotate,
+    kDevice,
+    kRunFolder,
+    kSearch,
+    kVisit,
+    kShots,
+    kLog
+};
 
 constexpr option kChoices[] = {
     {"help", no_argument, nullptr, kHelp},
+    {"games", required_argument, nullptr, kGames},
     {"theme", required_argument, nullptr, kTheme},
     {"lang", required_argument, nullptr, kLanguage},
     {"rotate", no_argument, nullptr, kRotate},
@@ -28,12 +41,14 @@ constexpr option kChoices[] = {
 
 constexpr const char* kUsage =
     "Usage: %s [OPTION]... [DIRECTORY]\n"
-    "Lists the files of DIRECTORY (the sample games when left out).\n"
+    "Opens the launcher, and on top the list of DIRECTORY when one is given.\n"
     "\n"
-    "  --theme DIR     the theme to draw with, a folder that holds skin/\n"
-    "  --lang FILE     a language file of samples/launcher/lang, such as zh.lang\n"
+    "  --games DIR     the directory of all games, one folder for each system (the sample games when left out);\n"
+    "                  it opens where the last session ended, a DIRECTORY always at its first row\n"
+    "  --theme DIR     the theme to draw with: dark, light, or a folder that holds skin/\n"
+    "  --lang FILE     a language file of samples/launcher/lang, such as ch.lang\n"
     "  --rotate        for a panel that is mounted turned\n"
-    "  --search WORD   marks a word, or pinyin initials; give it again for more words\n"
+    "  --search WORD   marks a word, or pinyin initials, in the titles\n"
     "  --device DIR    the folder that stands for the console's file system, / for the machine's own\n"
     "  --run DIR       the folder to work in (font link, language files)\n"
     "  --visit FILE    plays the keys of FILE without a display and leaves pictures\n"
@@ -54,6 +69,13 @@ std::string withSlash(std::string directory) {
     return directory;
 }
 
+// The launcher's own themes go by their names.
+std::string themeDirectory(const char* value) {
+    const fs::path own = OSTREL_SOURCE_DIR "/theme" / fs::path(value).filename();
+    const bool named = fs::path(value) == own.filename() && !fs::exists(value) && fs::is_directory(own);
+    return withSlash(named ? own.string() : absolutePath(value));
+}
+
 // A root of "/" is the machine itself, which the library calls "".
 std::string deviceRoot(const char* path) {
     const std::string root = absolutePath(path);
@@ -61,14 +83,17 @@ std::string deviceRoot(const char* path) {
 }
 
 void setDefaults(Options& options) {
-    options.directory = OSTREL_SAMPLE_DIR "/games";
+    options.gamesDir = OSTREL_SAMPLE_DIR "/games";
     options.runFolder = OSTREL_SOURCE_DIR "/run";
 }
 
 void apply(int choice, const char* value, Options& options) {
     switch (choice) {
+        case kGames:
+            options.gamesDir = absolutePath(value);
+            break;
         case kTheme:
-            options.themeDir = withSlash(absolutePath(value));
+            options.themeDir = themeDirectory(value);
             break;
         case kLanguage:
             options.language = value;
@@ -78,12 +103,13 @@ void apply(int choice, const char* value, Options& options) {
             break;
         case kDevice:
             options.deviceRoot = deviceRoot(value);
+            options.deviceGiven = true;
             break;
         case kRunFolder:
             options.runFolder = absolutePath(value);
             break;
         case kSearch:
-            options.searchWords.emplace_back(value);
+            options.searchWord = value;
             break;
         case kVisit:
             options.visitFile = absolutePath(value);
@@ -106,7 +132,7 @@ int complain(const char* what, const std::string& path) {
 
 int check(const Options& options) {
     std::error_code ignored;
-    if (!fs::is_directory(options.directory, ignored)) return complain("This is no directory", options.directory);
+    if (!fs::is_directory(options.gamesDir, ignored)) return complain("This is no directory", options.gamesDir);
     if (!options.themeDir.empty() && !fs::is_directory(options.themeDir + "skin", ignored))
         return complain("No skin/ in the theme", options.themeDir);
     return -1;
@@ -115,19 +141,18 @@ int check(const Options& options) {
 }  // namespace
 
 const char* const kKeyTable =
-    "  What it does                   Game-pad      Keyboard\n"
-    "  move                           D-pad, stick  Up, Down\n"
-    "  six rows on or back            Left, Right   Left, Right\n"
-    "  open the folder or the file    A             Space\n"
-    "  back; in the first list: quit  B             left Ctrl\n"
-    "  details of the row             X             left Shift\n"
-    "  next search word, or none      Y             left Alt\n"
-    "  previous or next row found     L, R          Tab, Backspace\n"
-    "  row numbers or icons           SELECT        right Ctrl\n";
+    "  What it does                       Game-pad      Keyboard\n"
+    "  move                               D-pad, stick  arrows\n"
+    "  six rows on or back; change        Left, Right   Left, Right\n"
+    "  open, play, confirm                A             Space\n"
+    "  back; at home: quit                B             left Ctrl\n"
+    "  more on a game; erase a letter     X             left Shift\n"
+    "  search; clear                      Y             left Alt\n"
+    "  previous or next game found        L, R          Tab, Backspace\n"
+    "  row numbers or pictures            SELECT        right Ctrl\n";
 
 int readOptions(int argc, char** argv, Options& options) {
     setDefaults(options);
-    bool deviceGiven = false;
     int choice = 0;
     while ((choice = getopt_long(argc, argv, "h", kChoices, nullptr)) != -1) {
         if (choice == '?') return 2;
@@ -135,12 +160,14 @@ int readOptions(int argc, char** argv, Options& options) {
             std::printf(kUsage, argv[0], kKeyTable);
             return 0;
         }
-        deviceGiven = deviceGiven || choice == kDevice;
         apply(choice, optarg, options);
     }
-    if (optind < argc) options.directory = absolutePath(argv[optind++]);
+    if (optind < argc) {
+        options.gamesDir = absolutePath(argv[optind++]);
+        options.startAfresh = true;
+    }
     if (optind < argc) return complain("One directory is enough; this is left over", argv[optind]);
-    if (!deviceGiven) options.deviceRoot = options.runFolder + "/device";
+    if (!options.deviceGiven) options.deviceRoot = options.runFolder + "/device";
     if (options.shotFolder.empty()) {
         options.shotFolder = options.runFolder + "/shots/" + fs::path(options.visitFile).stem().string();
     }

@@ -20,6 +20,12 @@ constexpr DeviceFile kDeviceFiles[] = {
     {"sys/class/power_supply/axp2202-battery/capacity", "78\n"},
     {"sys/class/power_supply/axp2202-battery/status", "Discharging\n"},
     {"sys/class/power_supply/axp2202-usb/online", "0\n"},
+    {"sys/devices/virtual/disp/disp/attr/enhance_bright", "50"},
+    {"sys/devices/virtual/disp/disp/attr/enhance_contrast", "50"},
+    {"sys/devices/virtual/disp/disp/attr/color_temperature", "0"},
+    {"sys/devices/virtual/disp/disp/attr/enhance_saturation", "50"},
+    {"mnt/SDCARD/features.json", "{\"bluetooth\": 1, \"suspend\": 1, \"battemp\": 0}\n"},
+    {"proc/meminfo", "MemTotal:        1013780 kB\nMemFree:          402116 kB\nMemAvailable:     655360 kB\n"},
 };
 
 void linkAnew(const fs::path& target, const fs::path& link) {
@@ -35,8 +41,7 @@ void copyLanguages(const fs::path& folder) {
     fs::copy(OSTREL_SAMPLE_DIR "/lang", folder);
 }
 
-// Files that are there stay as they are: write another capacity into them, and the battery on the screen follows.
-void makeDevice(const fs::path& root) {
+void fillDevice(const fs::path& root) {
     for (const char* folder : kDeviceFolders) fs::create_directories(root / folder);
     for (const DeviceFile& file : kDeviceFiles) {
         const fs::path path = root / file.path;
@@ -48,6 +53,16 @@ void makeDevice(const fs::path& root) {
 
 }  // namespace
 
+bool makeDevice(const std::string& root) {
+    try {
+        fillDevice(root);
+    } catch (const fs::filesystem_error& error) {
+        std::fprintf(stderr, "The device folder cannot be made: %s\n", error.what());
+        return false;
+    }
+    return true;
+}
+
 bool enterRunFolder(const Options& options) {
     try {
         const fs::path folder = options.runFolder;
@@ -55,7 +70,7 @@ bool enterRunFolder(const Options& options) {
         linkAnew(OSTREL_SAMPLE_FONT, folder / "regular.ttf");
         linkAnew(OSTREL_SOURCE_DIR "/theme/dark/skin", folder / "skin");
         copyLanguages(folder / "lang");
-        if (options.deviceRoot == options.runFolder + "/device") makeDevice(options.deviceRoot);
+        if (!options.deviceGiven) fillDevice(options.deviceRoot);
         fs::current_path(folder);
     } catch (const fs::filesystem_error& error) {
         std::fprintf(stderr, "The run folder cannot be made: %s\n", error.what());

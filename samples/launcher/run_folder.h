@@ -8,5 +8,9 @@ namespace launcher {
 
 /// Makes the run folder, fills it and enters it. @return false after a message on standard error.
 bool enterRunFolder(const Options& options);
+/// Puts into @p root what the library looks for on a console. Files that are there stay as they are: write another
+/// capacity into the battery's file, and the bar on the screen follows. enterRunFolder does so for the run folder's own
+/// device. @return false after a message on standard error.
+bool makeDevice(const std::string& root);
 
 }  // namespace launcher

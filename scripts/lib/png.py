@@ -1,4 +1,5 @@
 """Reads and writes the PNG files of a theme: 8 bits a channel, not interlaced, with nothing but the standard library."""
+import collections
 import struct
 import zlib
 
@@ -100,11 +101,21 @@ def read(path):
     return width, height, rows
 
 
-def write(path, width, height, rows):
-    """Writes rows of R, G, B, A as a 32-bit PNG without a date or any other note, so that equal pictures are equal files."""
+def fewer_colours(rows, kept):
+    """The rows with their most frequent colours as they are, and the rest, those of smooth edges, in coarse steps."""
+    counts = collections.Counter(row[x:x + 4] for row in rows for x in range(0, len(row), 4))
+    frequent = [colour for colour, _ in sorted(counts.items(), key=lambda item: (-item[1], item[0]))[:kept]]
+    coarse = {colour: bytes(min(255, (value + 8) // 16 * 16) for value in colour) for colour in counts}
+    coarse.update({colour: colour for colour in frequent})
+    return [b"".join(coarse[row[x:x + 4]] for x in range(0, len(row), 4)) for row in rows]
+
+
+def write(path, width, height, rows, flat=False):
+    """Writes rows of R, G, B, A as a 32-bit PNG without a date or any other note, so that equal pictures are equal files.
+    Differences to the row above pack gradients well, plain rows a picture of few flat colours."""
     filtered, above = [], bytes(width * 4)
     for row in rows:
-        filtered.append(b"\x02" + subtract_bytes(row, above))
+        filtered.append(b"\x00" + row if flat else b"\x02" + subtract_bytes(row, above))
         above = row
     parts = ((b"IHDR", struct.pack(">IIBBBBB", width, height, 8, RGBA, 0, 0, 0)),
              (b"IDAT", zlib.compress(b"".join(filtered), 9)), (b"IEND", b""))

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <cstring>
 #include <filesystem>
 #include <ostream>
 
@@ -100,10 +101,10 @@ Picture Picture::ofSurface(SDL_Surface* surface) {
     SDL_Surface* converted = surface == nullptr ? nullptr : SDL_ConvertSurfaceFormat(surface, kFormat, 0);
     if (converted == nullptr) return {};
     Picture result(converted->w, converted->h);
-    for (int y = 0; y < converted->h; ++y) {
-        const auto rowOffset = static_cast<std::ptrdiff_t>(y) * converted->pitch;
-        const uint8_t* pixel = static_cast<const uint8_t*>(converted->pixels) + rowOffset;
-        for (int x = 0; x < converted->w; ++x, pixel += 4) result.set(x, y, {pixel[0], pixel[1], pixel[2], pixel[3]});
+    const auto* row = static_cast<const uint8_t*>(converted->pixels);
+    for (int y = 0; y < converted->h; ++y, row += converted->pitch) {
+        const std::size_t first = static_cast<std::size_t>(y) * static_cast<std::size_t>(converted->w);
+        std::memcpy(&result.mPixels[first], row, static_cast<std::size_t>(converted->w) * sizeof(Colour));
     }
     SDL_FreeSurface(converted);
     return result;

@@ -28,8 +28,8 @@ protected:
 TEST_F(LauncherProgramTest, HelpNamesEveryOptionAndEndsWithZero) {
     Program launcher(OSTREL_LAUNCHER, {"--help"});
     EXPECT_EQ(launcher.wait(), 0);
-    for (const char* option : {"--theme", "--lang", "--rotate", "--search", "--device", "--run", "--visit", "--shots",
-                               "--log", "[DIRECTORY]"}) {
+    for (const char* option : {"--games", "--theme", "--lang", "--rotate", "--search", "--device", "--run", "--visit",
+                               "--shots", "--log", "[DIRECTORY]"}) {
         EXPECT_NE(launcher.output().find(option), std::string::npos) << option;
     }
 }
@@ -38,7 +38,7 @@ TEST_F(LauncherProgramTest, HelpNamesTheKeyboardKeyOfEveryButton) {
     Program launcher(OSTREL_LAUNCHER, {"--help"});
     launcher.wait();
     for (const char* key :
-         {"Up, Down", "Left, Right", "Space", "left Ctrl", "left Shift", "left Alt", "Tab, Backspace", "right Ctrl"}) {
+         {"arrows", "Left, Right", "Space", "left Ctrl", "left Shift", "left Alt", "Tab, Backspace", "right Ctrl"}) {
         EXPECT_NE(launcher.output().find(key), std::string::npos) << key;
     }
 }
@@ -74,7 +74,7 @@ TEST_F(LauncherProgramTest, SigtermEndsTheLoopCleanly) {
     ASSERT_TRUE(launcher.readUntil("init check_repeat_thread\n")) << launcher.output();
     launcher.signal(SIGTERM);
     EXPECT_EQ(launcher.wait(), 0);
-    EXPECT_NE(launcher.output().find("1 window to free\n"), std::string::npos) << launcher.output();
+    EXPECT_NE(launcher.output().find("2 window to free\n"), std::string::npos) << launcher.output();
     EXPECT_NE(launcher.output().find("deinit check_repeat_thread\n"), std::string::npos);
 }
 
@@ -91,7 +91,7 @@ TEST_F(LauncherProgramTest, EverythingItWritesLiesInItsRunFolder) {
     EXPECT_EQ(visit.wait(), 0) << visit.output();
     EXPECT_TRUE(fs::exists(runFolder() + "/regular.ttf"));
     EXPECT_TRUE(fs::exists(runFolder() + "/lang/en.lang"));
-    EXPECT_TRUE(fs::is_directory(runFolder() + "/device/mnt/UDISK"));
+    EXPECT_TRUE(fs::is_directory(runFolder() + "/visit-device/mnt/UDISK"));
 }
 
 TEST_F(LauncherProgramTest, TheLauncherHandsAVisitToThePlayerBesideIt) {
@@ -107,7 +107,7 @@ TEST_F(LauncherProgramTest, AnEmptyFolderIsVisitedToTheEnd) {
     Program visit(OSTREL_VISIT, inRunFolder({"--visit", OSTREL_SAMPLE_DIR "/visits/any_folder.visit", "--shots",
                                              device().workDir() + "/s", device().workDir() + "/empty"}));
     EXPECT_EQ(visit.wait(), 0) << visit.output();
-    EXPECT_TRUE(device().exists("s/06-details.png"));
+    EXPECT_TRUE(device().exists("s/06-typed.png"));
 }
 
 // Names that are no UTF-8, an unreadable link, a file without ending, one of many bytes.
@@ -120,11 +120,58 @@ TEST_F(LauncherProgramTest, AFolderOfOddFilesIsVisitedToTheEnd) {
     Program visit(OSTREL_VISIT, inRunFolder({"--visit", OSTREL_SAMPLE_DIR "/visits/any_folder.visit", "--shots",
                                              device().workDir() + "/s", device().workDir() + "/odd"}));
     EXPECT_EQ(visit.wait(), 0) << visit.output();
-    EXPECT_TRUE(device().exists("s/06-details.png"));
+    EXPECT_TRUE(device().exists("s/06-typed.png"));
+}
+
+TEST_F(LauncherProgramTest, AVisitMayEndWithTheLauncher) {
+    device().write("quit.visit", "key b\nkey b\nkey a\n");
+    Program visit(OSTREL_VISIT, inRunFolder({"--visit", device().workDir() + "/quit.visit"}));
+    EXPECT_EQ(visit.wait(), 0) << visit.output();
+}
+
+TEST_F(LauncherProgramTest, ARestartFindsTheConsoleAsTheLauncherLeftIt) {
+    device().write("again.visit",
+                   "device mnt/UDISK/system.json {\"vol\": 3}\nkey b\nkey b\nkey a\nrestart\nshot one\n");
+    Program visit(OSTREL_VISIT, inRunFolder({"--visit", device().workDir() + "/again.visit"}));
+    EXPECT_EQ(visit.wait(), 0) << visit.output();
+    EXPECT_NE(device().read("run/visit-device/mnt/UDISK/system.json").find("\"vol\":\t3"), std::string::npos);
+}
+
+TEST_F(LauncherProgramTest, WhatACommandLineSaysWinsOverTheVisitsOptions) {
+    device().write("ch.visit", "option --lang ch.lang --rotate\nshot one\n");
+    device().write("console/.keep", "");
+    Program visit(OSTREL_VISIT, inRunFolder({"--visit", device().workDir() + "/ch.visit", "--lang", "ko.lang",
+                                             "--device", device().workDir() + "/console"}));
+    EXPECT_EQ(visit.wait(), 0) << visit.output();
+    EXPECT_NE(device().read("console/mnt/UDISK/system.json").find("\"ko.lang\""), std::string::npos);
+}
+
+TEST_F(LauncherProgramTest, AVisitFindsAConsoleAsNewUnlessOneIsNamed) {
+    device().write("note.visit", "shot one\ndevice note seen\n");
+    const auto play = [this](std::vector<std::string> more) {
+        more.insert(more.end(), {"--visit", device().workDir() + "/note.visit"});
+        Program visit(OSTREL_VISIT, inRunFolder(more));
+        EXPECT_EQ(visit.wait(), 0) << visit.output();
+    };
+    device().write("run/visit-device/old", "");
+    device().write("mine/old", "");
+    play({});
+    EXPECT_FALSE(device().exists("run/visit-device/old"));
+    EXPECT_EQ(device().read("run/visit-device/note"), "seen\n");
+    play({"--device", device().workDir() + "/mine"});
+    EXPECT_TRUE(device().exists("mine/old"));
+    EXPECT_EQ(device().read("mine/note"), "seen\n");
+}
+
+TEST_F(LauncherProgramTest, AMistakeInAVisitEndsWithTwo) {
+    device().write("bad.visit", "key q\n");
+    Program visit(OSTREL_VISIT, inRunFolder({"--visit", device().workDir() + "/bad.visit"}));
+    EXPECT_EQ(visit.wait(), 2);
+    EXPECT_EQ(visit.output(), device().workDir() + "/bad.visit:1: no such step: key q\n");
 }
 
 TEST_F(LauncherProgramTest, AVisitThatLeavesTooEarlyFails) {
-    device().write("short.visit", "key b\nkey down\nwait 5\n");
+    device().write("short.visit", "key b\nkey b\nkey a\nkey down\nwait 5\n");
     Program visit(OSTREL_VISIT, inRunFolder({"--visit", device().workDir() + "/short.visit"}));
     EXPECT_EQ(visit.wait(), 1);
     EXPECT_NE(visit.output().find("The launcher ended before the visit did\n"), std::string::npos);
