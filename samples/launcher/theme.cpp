@@ -3,11 +3,9 @@
 #include <cjson/cJSON.h>
 
 #include <algorithm>
-#include <fstream>
-#include <iterator>
-#include <memory>
 
 #include "icons.h"
+#include "json_file.h"
 #include "ostrel/host.h"
 #include "ostrel/skin.h"
 
@@ -24,6 +22,8 @@ const ColourRow kColours[] = {
     {"gPopupColorTxt", &gPopupColorTxt},     {"gPopupColorBtn", &gPopupColorBtn}, {"gHighlightColor", &gHighlightColor},
     {"gPopupColorTitle", &gPopupColorTitle},
 };
+
+constexpr std::size_t kMostBytes = std::size_t{64} * 1024;  // of the colours
 
 std::string sThemePath;
 
@@ -59,11 +59,9 @@ void freeSkin() {
 }
 
 void applyThemeColours(const std::string& themeDir) {
-    std::ifstream file(themeDir + "colours.json", std::ios::binary);
-    const std::string text{std::istreambuf_iterator<char>(file), {}};
-    const std::unique_ptr<cJSON, decltype(&cJSON_Delete)> root(cJSON_Parse(text.c_str()), &cJSON_Delete);
+    const JsonTree root = readJsonFile(themeDir + "colours.json", kMostBytes);
     for (const ColourRow& row : kColours) {
-        const cJSON* colour = cJSON_GetObjectItem(root.get(), row.name);
+        const cJSON* colour = memberIn(root.get(), row.name);
         if (cJSON_GetArraySize(colour) != 4) continue;
         *row.colour = {channel(colour, 0), channel(colour, 1), channel(colour, 2), channel(colour, 3)};
     }

@@ -1,12 +1,9 @@
 #include "window_state.h"
 
 #include <filesystem>
-#include <fstream>
-#include <iterator>
-#include <memory>
 
+#include "json_file.h"
 #include "ostrel/list_menu.h"
-#include "ostrel/system_state.h"
 #include "session.h"
 #include "windows/about_window.h"
 #include "windows/game_page_window.h"
@@ -21,10 +18,10 @@ namespace fs = std::filesystem;
 namespace launcher {
 namespace {
 
-using JsonOwner = std::unique_ptr<cJSON, decltype(&cJSON_Delete)>;
+constexpr std::size_t kMostBytes = std::size_t{1024} * 1024;  // of the saved stack
 
 int numberMember(const cJSON* state, const char* name, int otherwise) {
-    const cJSON* item = cJSON_GetObjectItem(state, name);
+    const cJSON* item = memberIn(state, name);
     return cJSON_IsNumber(item) != 0 ? item->valueint : otherwise;
 }
 
@@ -36,14 +33,14 @@ OstrelWindow* restored(Window* window, const cJSON* state) {
 
 OstrelWindow* restoreGames(const cJSON* state, const Options& options) {
     std::error_code ignored;
-    const std::string folder = textMember(state, "folder");
+    const std::string folder = textIn(state, "folder");
     // Only a folder below the games directory of today: the card may be another one.
     const bool inside = folder.rfind(options.gamesDir + "/", 0) == 0 && fs::is_directory(folder, ignored);
     return restored(new GamesWindow(options.gamesDir, inside ? folder : ""), state);
 }
 
 OstrelWindow* restorePage(const cJSON* state) {
-    const std::string path = textMember(state, "path");
+    const std::string path = textIn(state, "path");
     std::error_code ignored;
     if (!fs::exists(path, ignored)) return nullptr;
     auto* page = new GamePageWindow(path, fs::is_directory(path, ignored));
@@ -61,7 +58,7 @@ OstrelWindow* restoreWindow(const cJSON* state, const Options& options) {
         case kGamePageWindow:
             return restorePage(state);
         case kSearchWindow:
-            return restored(new SearchWindow(options.gamesDir, textMember(state, "word")), state);
+            return restored(new SearchWindow(options.gamesDir, textIn(state, "word")), state);
         case kRecentWindow:
             return restored(new RecentWindow, state);
         case kSettingsWindow:
@@ -73,11 +70,7 @@ OstrelWindow* restoreWindow(const cJSON* state, const Options& options) {
     }
 }
 
-JsonOwner readState() {
-    std::ifstream file(dataFile("windows.json"), std::ios::binary);
-    const std::string text{std::istreambuf_iterator<char>(file), {}};
-    return {cJSON_Parse(text.c_str()), &cJSON_Delete};
-}
+JsonTree readState() { return readJsonFile(dataFile("windows.json"), kMostBytes); }
 
 std::vector<OstrelWindow*> firstWindows(const Options& options) {
     return {new HomeWindow(options.gamesDir), new GamesWindow(options.gamesDir, "")};
@@ -87,10 +80,10 @@ std::vector<OstrelWindow*> firstWindows(const Options& options) {
 
 std::vector<OstrelWindow*> restoreWindows(const Options& options) {
     if (options.startAfresh) return firstWindows(options);
-    const JsonOwner root = readState();
+    const JsonTree root = readState();
     std::vector<OstrelWindow*> windows;
     const cJSON* state = nullptr;
-    cJSON_ArrayForEach(state, cJSON_GetObjectItem(root.get(), "list")) {
+    cJSON_ArrayForEach(state, memberIn(root.get(), "list")) {
         const bool home = numberMember(state, "type", 0) == kHomeWindow;
         if (home != windows.empty()) continue;  // home stands at the bottom, and there alone
         OstrelWindow* window = restoreWindow(state, options);
@@ -107,11 +100,6 @@ void savePosition(cJSON* state, const ListMenu& menu) {
 
 void restorePosition(const cJSON* state, ListMenu& menu) {
     menu.restorePos(numberMember(state, "cursor", 0), numberMember(state, "first", 0), numberMember(state, "last", 0));
-}
-
-std::string textMember(const cJSON* state, const char* name) {
-    const cJSON* item = cJSON_GetObjectItem(state, name);
-    return cJSON_IsString(item) != 0 ? item->valuestring : "";
 }
 
 }  // namespace launcher

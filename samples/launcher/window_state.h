@@ -2,7 +2,6 @@
 #pragma once
 #include <cjson/cJSON.h>
 
-#include <string>
 #include <vector>
 
 #include "options.h"
@@ -19,7 +18,5 @@ std::vector<OstrelWindow*> restoreWindows(const Options& options);
 /// Adds cursor and visible range of @p menu to @p state, and puts them back.
 void savePosition(cJSON* state, const ListMenu& menu);
 void restorePosition(const cJSON* state, ListMenu& menu);
-/// The text member @p name of @p state; "" when it is missing or no text.
-std::string textMember(const cJSON* state, const char* name);
 
 }  // namespace launcher

@@ -5,6 +5,7 @@
 #include "game_index.h"
 #include "host.h"
 #include "icons.h"
+#include "json_file.h"
 #include "letter_pad.h"
 #include "ostrel/input.h"
 #include "ostrel/language.h"
@@ -131,8 +132,8 @@ void SearchWindow::saveState(cJSON* obj) {
 }
 
 void SearchWindow::restore(const cJSON* state) {
-    setWord(textMember(state, "word"));
-    focusResults(cJSON_IsTrue(cJSON_GetObjectItem(state, "results")) != 0);
+    setWord(textIn(state, "word"));
+    focusResults(cJSON_IsTrue(memberIn(state, "results")) != 0);
     restorePosition(state, mParts->results);
 }
 
