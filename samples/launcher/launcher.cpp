@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "art_loader.h"
+#include "data_dirs.h"
 #include "game_system.h"
 #include "host.h"
 #include "ostrel/device_root.h"
@@ -74,7 +75,7 @@ void tell(const Failure& failure) {
 bool runOnScreen(const Options& options, const Failure& failure) {
     if (!openScreen(options)) return false;
     loadSkin();
-    startHost(OSTREL_SAMPLE_DIR "/sounds/key.wav");
+    startHost(dataDirs().data + "/sounds/key.wav");
     if (options.visitFile.empty()) startDevices();
     std::vector<OstrelWindow*> windows = restoreWindows(options);
     tell(failure);

@@ -5,6 +5,8 @@
 #include <cstdio>
 #include <filesystem>
 
+#include "data_dirs.h"
+
 namespace fs = std::filesystem;
 
 namespace launcher {
@@ -46,7 +48,7 @@ constexpr const char* kUsage =
     "  --games DIR     the directory of all games, one folder for each system (the sample games when left out);\n"
     "                  it opens where the last session ended, a DIRECTORY always at its first row\n"
     "  --theme DIR     the theme to draw with: dark, light, or a folder that holds skin/\n"
-    "  --lang FILE     a language file of samples/launcher/lang, such as ch.lang\n"
+    "  --lang FILE     a language file, such as ch.lang\n"
     "  --rotate        for a panel that is mounted turned\n"
     "  --search WORD   marks a word, or pinyin initials, in the titles\n"
     "  --device DIR    the folder that stands for the console's file system, / for the machine's own\n"
@@ -71,7 +73,7 @@ std::string withSlash(std::string directory) {
 
 // The launcher's own themes go by their names.
 std::string themeDirectory(const char* value) {
-    const fs::path own = OSTREL_SOURCE_DIR "/theme" / fs::path(value).filename();
+    const fs::path own = dataDirs().themes / fs::path(value).filename();
     const bool named = fs::path(value) == own.filename() && !fs::exists(value) && fs::is_directory(own);
     return withSlash(named ? own.string() : absolutePath(value));
 }
@@ -83,8 +85,8 @@ std::string deviceRoot(const char* path) {
 }
 
 void setDefaults(Options& options) {
-    options.gamesDir = OSTREL_SAMPLE_DIR "/games";
-    options.runFolder = OSTREL_SOURCE_DIR "/run";
+    options.gamesDir = dataDirs().data + "/games";
+    options.runFolder = defaultRunFolder(dataDirs());
 }
 
 void apply(int choice, const char* value, Options& options) {

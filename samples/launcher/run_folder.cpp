@@ -4,6 +4,8 @@
 #include <filesystem>
 #include <fstream>
 
+#include "data_dirs.h"
+
 namespace fs = std::filesystem;
 
 namespace launcher {
@@ -38,7 +40,7 @@ void linkAnew(const fs::path& target, const fs::path& link) {
 // launcher does not outlive its texts.
 void copyLanguages(const fs::path& folder) {
     fs::remove_all(folder);
-    fs::copy(OSTREL_SAMPLE_DIR "/lang", folder);
+    fs::copy(dataDirs().data + "/lang", folder);
 }
 
 void fillDevice(const fs::path& root) {
@@ -68,7 +70,7 @@ bool enterRunFolder(const Options& options) {
         const fs::path folder = options.runFolder;
         fs::create_directories(folder);
         linkAnew(OSTREL_SAMPLE_FONT, folder / "regular.ttf");
-        linkAnew(OSTREL_SOURCE_DIR "/theme/dark/skin", folder / "skin");
+        linkAnew(dataDirs().themes + "/dark/skin", folder / "skin");
         copyLanguages(folder / "lang");
         if (!options.deviceGiven) fillDevice(options.deviceRoot);
         fs::current_path(folder);

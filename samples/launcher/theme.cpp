@@ -4,6 +4,7 @@
 
 #include <algorithm>
 
+#include "data_dirs.h"
 #include "icons.h"
 #include "json_file.h"
 #include "ostrel/host.h"
@@ -36,8 +37,8 @@ Uint8 channel(const cJSON* colour, int index) {
 
 const std::vector<ThemeInfo>& themes() {
     static const std::vector<ThemeInfo> kThemes{
-        {kTextThemeDark, OSTREL_SOURCE_DIR "/theme/dark/"},
-        {kTextThemeLight, OSTREL_SOURCE_DIR "/theme/light/"},
+        {kTextThemeDark, dataDirs().themes + "/dark/"},
+        {kTextThemeLight, dataDirs().themes + "/light/"},
     };
     return kThemes;
 }
