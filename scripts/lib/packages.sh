@@ -15,3 +15,5 @@ CI_PACKAGES=(
     git clang libclang-rt-14-dev clang-format clang-tidy python3-clang-14 valgrind libbenchmark-dev shellcheck
     librsvg2-bin binutils
 )
+# To build the Debian packages and look at them.
+PACKAGING_PACKAGES=(dpkg-dev file binutils gzip lintian)
