@@ -3,7 +3,6 @@
 #include <SDL.h>
 #include <SDL_mixer.h>
 
-#include <array>
 #include <cstdio>
 
 #include "game_row.h"
@@ -15,18 +14,14 @@
 #include "ostrel/window.h"
 #include "play.h"
 #include "session.h"
-
-// On a console the status block lies in memory that several programs share. One program alone needs no more than this.
-struct ShmInfo {
-    std::array<int, 21> values{};
-};
+#include "status_block.h"
 
 namespace {
 
-ShmInfo sStatus;
+ShmInfo sOwnStatus{};  // until shareStatus finds the block that all programs share, or for good when it does not
 Mix_Chunk* sKeyClick = nullptr;
 
-bool isKey(int key) { return key >= 0 && key < static_cast<int>(sStatus.values.size()); }
+bool isKey(int key) { return key >= 0 && key < static_cast<int>(sOwnStatus.values.size()); }
 
 // SDL shows every event here before it is queued; 0 drops it. The library ends SDL at once when it meets SDL_QUIT, and
 // the windows could not say goodbye: it is dropped, and the window on top asked to leave.
@@ -40,10 +35,10 @@ int filterEvent(void* /*unused*/, SDL_Event* event) {
 
 }  // namespace
 
-ShmInfo* gShmInfo = &sStatus;
+ShmInfo* gShmInfo = &sOwnStatus;
 const char* gThemePath = nullptr;
 
-int GetKeyShm(ShmInfo* shm, int key) { return isKey(key) ? shm->values[static_cast<std::size_t>(key)] : 0; }
+int GetKeyShm(ShmInfo* shm, int key) { return isKey(key) ? shm->values[static_cast<std::size_t>(key)].load() : 0; }
 
 void SetKeyShm(ShmInfo* shm, int key, int value) {
     if (isKey(key)) shm->values[static_cast<std::size_t>(key)] = value;
@@ -59,6 +54,10 @@ TextMenuItem* file_handler(const char* name, const char* path, int type) {
 void initJoyStick() { launcher::openFirstPad(); }
 
 namespace launcher {
+
+void shareStatus(const std::string& file) {
+    if (ShmInfo* shared = mapStatusBlock(file)) gShmInfo = shared;
+}
 
 void startHost(const std::string& soundFile) {
     SDL_SetEventFilter(filterEvent, nullptr);

@@ -6,6 +6,10 @@
 
 namespace launcher {
 
+/// Moves the status block into @p file, where other programs reach it, before the settings are loaded into it. Where
+/// that cannot be, it stays the launcher's own.
+void shareStatus(const std::string& file);
+
 /// Starts to watch for the wish to quit, and opens the sound device and the key click. Without sound the keys are
 /// silent, and a line on standard error says why. @param soundFile a WAV file.
 void startHost(const std::string& soundFile);

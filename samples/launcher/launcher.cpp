@@ -35,6 +35,7 @@ constexpr int kScreenHeight = 720;
 constexpr int kScreenDepth = 32;
 constexpr int kLogToTerminal = 0;
 constexpr int kLogToSystem = 1;
+constexpr const char* kStatusBlock = "/dev/shm/ostrel_status";
 
 bool openScreen(const Options& options) {
     if (ScreenInit(kScreenWidth, kScreenHeight, kScreenDepth, options.rotate ? 1 : 0) == 1) return true;
@@ -48,6 +49,7 @@ bool prepare(const Options& options) {
     if (!enterRunFolder(options)) return false;
     setDeviceRoot(options.deviceRoot.c_str());
     setSessionRoot(options.deviceRoot);
+    shareStatus(deviceFile(kStatusBlock));
     setGamesRoot(options.gamesDir);
     initLogger(options.logToTerminal ? kLogToTerminal : kLogToSystem);
     loadSettings(options.themeDir);

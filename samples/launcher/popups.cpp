@@ -10,6 +10,7 @@
 #include "ostrel/language.h"
 #include "ostrel/skin.h"
 #include "ostrel/text_menu.h"
+#include "screen_shot.h"
 #include "session.h"
 #include "text_layout.h"
 
@@ -54,17 +55,26 @@ std::string fittingLines(const std::string& text) {
     return lines;
 }
 
-// Dialogs and popups of the library keep the keys they do not know, so they too look whether the launcher is to end.
+// Dialogs and popups of the library keep the keys they do not know, so they too look whether the launcher is to end;
+// and whoever wants a picture of the screen wants it with the popup.
 class Question : public DialogWindow {
 public:
     using DialogWindow::DialogWindow;
     int eventHandling() override { return leaveRequested() ? leaveLoop() : DialogWindow::eventHandling(); }
+    void onFrame() override {
+        answerShotRequest();
+        DialogWindow::onFrame();
+    }
 };
 
 class ChoicePopUp : public PopUpWindow {
 public:
     using PopUpWindow::PopUpWindow;
     int eventHandling() override { return leaveRequested() ? leaveLoop() : PopUpWindow::eventHandling(); }
+    void onFrame() override {
+        answerShotRequest();
+        PopUpWindow::onFrame();
+    }
 };
 
 // Runs a function and closes the window that asked.

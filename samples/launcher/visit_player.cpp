@@ -12,7 +12,6 @@
 #include <unistd.h>
 
 #include <SDL.h>
-#include <SDL_image.h>
 
 #include <atomic>
 #include <chrono>
@@ -29,7 +28,7 @@
 #include "options.h"
 #include "ostrel/device_root.h"
 #include "ostrel/log.h"
-#include "ostrel/screen.h"
+#include "screen_shot.h"
 #include "visit.h"
 #include "visit_console.h"
 
@@ -73,22 +72,9 @@ void pressAndRelease(SDL_Keycode key) {
     pushKey(SDL_KEYUP, key, /*repeat=*/false);
 }
 
-bool saveWindow(const std::string& path) {
-    int width = 0;
-    int height = 0;
-    SDL_GetRendererOutputSize(gRenderer, &width, &height);
-    SDL_Surface* picture = SDL_CreateRGBSurfaceWithFormat(0, width, height, 24, SDL_PIXELFORMAT_RGB24);
-    const bool saved =
-        picture != nullptr &&
-        SDL_RenderReadPixels(gRenderer, nullptr, SDL_PIXELFORMAT_RGB24, picture->pixels, picture->pitch) == 0 &&
-        IMG_SavePNG(picture, path.c_str()) == 0;
-    SDL_FreeSurface(picture);
-    return saved;
-}
-
 void takeShot(const std::string& name) {
     const std::string path = sPlayer.shotFolder + "/" + name + ".png";
-    const bool saved = saveWindow(path);
+    const bool saved = launcher::saveScreen(path);
     sPlayer.failed = sPlayer.failed || !saved;
     std::printf("%s%s\n", saved ? "" : "cannot write ", path.c_str());
 }

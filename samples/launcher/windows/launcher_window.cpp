@@ -10,6 +10,7 @@
 #include "ostrel/skin.h"
 #include "ostrel/text.h"
 #include "ostrel/text_menu_drawer.h"
+#include "screen_shot.h"
 #include "session.h"
 #include "settings_values.h"
 #include "text_layout.h"
@@ -60,10 +61,14 @@ void LauncherWindow::quit() {}
 void LauncherWindow::init() {}
 void LauncherWindow::saveState(cJSON* obj) { OstrelWindow::saveState(obj); }
 int LauncherWindow::restoreState() { return OstrelWindow::restoreState(); }
-void LauncherWindow::onFrame() { OstrelWindow::onFrame(); }
 void LauncherWindow::themeChanged() {}
 void LauncherWindow::languageChanged() {}
 std::string LauncherWindow::headingNote() { return ""; }
+
+void LauncherWindow::onFrame() {
+    answerShotRequest();
+    OstrelWindow::onFrame();
+}
 
 void LauncherWindow::draw() {
     if (gBackground != nullptr) {
