@@ -5,29 +5,18 @@
 set -euo pipefail
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 readonly root
+# shellcheck source=scripts/lib/build-launcher.sh
+source "$root/scripts/lib/build-launcher.sh"
 # shellcheck source=scripts/lib/install-packages.sh
 source "$root/scripts/lib/install-packages.sh"
 # shellcheck source=scripts/lib/packages.sh
 source "$root/scripts/lib/packages.sh"
 
-# A build of its own, so that it needs none of the packages of the tests. ninja configures again by itself.
-readonly build=$root/build/run
-readonly programs=$build/samples/launcher
-
-build_launcher() {
-    local log=$build/configure.log
-    mkdir -p "$build"
-    if [[ ! -f $build/build.ninja ]]; then
-        echo 'Building the launcher; the first time takes about a minute'
-        (cd "$root" && cmake --preset release -B "$build" -DOSTREL_BUILD_TESTS=OFF) >"$log" 2>&1 ||
-            { cat "$log" >&2; return 1; }
-    fi
-    ninja -C "$build" --quiet ostrel-launcher ostrel-visit
-}
+readonly programs=$root/build/run/samples/launcher
 
 main() {
     install_packages "${BUILD_PACKAGES[@]}"
-    build_launcher
+    build_launcher "$root"
     if [[ -n ${DISPLAY:-} || -n ${WAYLAND_DISPLAY:-} ]]; then
         exec "$programs/ostrel-launcher" "$@"
     fi
