@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdint>
 #include <cstdlib>
 #include <cstring>
 #include <iterator>
@@ -169,15 +170,14 @@ void changeSetting(const Setting& setting, int value) {
     settingsChanged();
 }
 
+// A settings file may hold any number, so the next one is counted in a wider type.
 void stepSetting(const Setting& setting, int direction) {
     const int value = setting.get();
-    int next = value + direction;
-    if (next < setting.first || next > setting.last) {
-        const bool goRound = setting.kind == SettingKind::Choice;
-        const int below = goRound ? setting.last : setting.first;
-        const int above = goRound ? setting.first : setting.last;
-        next = next < setting.first ? below : above;
-    }
+    const std::int64_t wanted = std::int64_t{value} + direction;
+    const bool goRound = setting.kind == SettingKind::Choice;
+    int next = static_cast<int>(std::clamp<std::int64_t>(wanted, setting.first, setting.last));
+    if (wanted < setting.first && goRound) next = setting.last;
+    if (wanted > setting.last && goRound) next = setting.first;
     if (next != value) changeSetting(setting, next);
 }
 
