@@ -278,7 +278,7 @@ TEST_F(WifiTest, ModeLogsNothing) {
 class WifiMonitorTest : public WifiTest {
 protected:
     WifiMonitorTest() {
-        std::thread([] {}).join();  // a sanitizer starts a thread of its own with the first
+        startAndEndAThread();  // a sanitizer starts a thread of its own with the first
         mThreadsBefore = runningThreads();
         answer(kConnected, kSignal);
     }
@@ -305,6 +305,14 @@ protected:
     ostreltest::DrivenClock& clock() { return mClock; }
 
 private:
+    // A thread that was joined is listed for a moment still, and would be counted.
+    static void startAndEndAThread() {
+        pid_t thread = 0;
+        std::thread([&thread] { thread = gettid(); }).join();
+        const std::string entry = "/proc/self/task/" + std::to_string(thread);
+        EXPECT_TRUE(becomesTrue([&entry] { return access(entry.c_str(), F_OK) != 0; }));
+    }
+
     ostreltest::DrivenClock mClock;
     int mThreadsBefore = 0;
 };
