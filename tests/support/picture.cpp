@@ -30,8 +30,11 @@ struct Difference {
 Difference compare(const Picture& actual, const Picture& expected, int tolerance) {
     Difference result{0, 0, actual.width(), actual.height(), 0, 0};
     for (int y = 0; y < actual.height(); ++y) {
+        const Colour* actualRow = actual.row(y);
+        const Colour* expectedRow = expected.row(y);
         for (int x = 0; x < actual.width(); ++x) {
-            const int distance = channelDistance(actual.at(x, y), expected.at(x, y));
+            if (actualRow[x] == expectedRow[x]) continue;
+            const int distance = channelDistance(actualRow[x], expectedRow[x]);
             if (distance <= tolerance) continue;
             ++result.pixels;
             result.largest = std::max(result.largest, distance);
@@ -127,6 +130,22 @@ Colour Picture::at(int x, int y) const {
 
 void Picture::set(int x, int y, Colour colour) {
     mPixels.at(static_cast<std::size_t>(y) * static_cast<std::size_t>(mWidth) + static_cast<std::size_t>(x)) = colour;
+}
+
+Picture Picture::part(const SDL_Rect& r) const {
+    Picture result(r.w, r.h);
+    auto place = result.mPixels.begin();
+    for (int y = r.y; y < r.y + r.h; ++y) place = std::copy_n(row(y) + r.x, r.w, place);
+    return result;
+}
+
+Picture Picture::turnedLeft() const {
+    Picture result(mHeight, mWidth);
+    auto place = result.mPixels.begin();
+    for (int x = mWidth - 1; x >= 0; --x) {
+        for (int y = 0; y < mHeight; ++y) *place++ = row(y)[x];
+    }
+    return result;
 }
 
 bool Picture::save(const std::string& path) const {

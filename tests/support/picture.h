@@ -32,6 +32,9 @@ public:
     bool operator==(const Picture& o) const { return mWidth == o.mWidth && mPixels == o.mPixels; }
     Colour at(int x, int y) const;  // outside: a failed test and an empty colour
     void set(int x, int y, Colour colour);
+    const Colour* row(int y) const { return &mPixels[static_cast<std::size_t>(y) * static_cast<std::size_t>(mWidth)]; }
+    Picture part(const SDL_Rect& r) const;         // r lies within the picture
+    Picture turnedLeft() const;                    // by 270 degrees
     bool save(const std::string& path) const;      // as PNG; makes missing folders
     int count(Colour colour) const;                // how many pixels have this colour
     SDL_Rect boundsOfAllBut(Colour colour) const;  // smallest rectangle around all pixels of any other colour
