@@ -64,6 +64,7 @@ struct OpenPad {
     PadLayout layout;
 };
 OpenPad sPad;
+bool sOpening = false;
 
 PadLayout layoutOf(SDL_GameController* pad) {
     PadLayout layout;
@@ -124,6 +125,12 @@ std::optional<SDL_Event> rewriteAxis(const SDL_JoyAxisEvent& axis, const PadLayo
     return event;
 }
 
+// Where sticks and triggers rest is what a pad tells while it is opened, still in its own numbers: nobody has moved
+// them, and a trigger at its lower end must not be read as a stick that is pushed.
+bool isRestingPlace(const SDL_Event& event) {
+    return event.type >= SDL_JOYAXISMOTION && event.type <= SDL_JOYBUTTONUP && sOpening;
+}
+
 bool isMapped(SDL_JoystickID instance) { return sPad.mapped != nullptr && instance == sPad.instance; }
 
 // Puts the rewritten event into the queue by the side door, in place of the pad's own. SDL's game controller part
@@ -137,12 +144,14 @@ void queue(std::optional<SDL_Event> event) {
 void openFirstPad() {
     closePad();
     if (SDL_WasInit(SDL_INIT_JOYSTICK) == 0 || SDL_NumJoysticks() < 1) return;
+    sOpening = true;
     if (SDL_IsGameController(0) == SDL_TRUE) {
         sPad.mapped.reset(SDL_GameControllerOpen(0));
         if (sPad.mapped != nullptr) sPad.layout = layoutOf(sPad.mapped.get());
     } else {
         sPad.plain.reset(SDL_JoystickOpen(0));
     }
+    sOpening = false;
     sPad.instance = SDL_JoystickGetDeviceInstanceID(0);
 }
 
@@ -151,6 +160,7 @@ void closePad() { sPad = OpenPad{}; }
 // The key-repeat thread pushes events too, so the pad is looked at only for those of a pad, which come on our own
 // thread.
 bool filterPadEvent(SDL_Event& event) {
+    if (isRestingPlace(event)) return false;
     switch (event.type) {
         case SDL_JOYDEVICEADDED:
             // The library waits for SDL_CONTROLLERDEVICEADDED, which SDL sends for mapped pads alone.

@@ -104,6 +104,12 @@ TEST_F(MappedPadTest, AnotherPadsEventsStayAsTheyAre) {
     EXPECT_EQ(event.jbutton.button, 11);
 }
 
+// The triggers of this pad are axes 4 and 5, and rest at their lower ends; the library's axis 4 is a stick.
+TEST_F(MappedPadTest, OpeningItPressesNothing) {
+    launcher::openFirstPad();
+    EXPECT_EQ(nextKey(), KEY_NONE);
+}
+
 class UnmappedPadTest : public ostreltest::DeviceTest {
 protected:
     ostreltest::VirtualJoystick mPad;
