@@ -1,6 +1,8 @@
 #include "support/child_process.h"
 
 #include <grp.h>
+#include <linux/capability.h>
+#include <sys/prctl.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -16,6 +18,11 @@ constexpr uid_t kNobody = 65534;
     if (user == ChildUser::Unprivileged && geteuid() == 0) {
         const bool given = setgroups(0, nullptr) == 0 && setgid(kNobody) == 0 && setuid(kNobody) == 0;
         EXPECT_TRUE(given) << "cannot become an unprivileged user";
+    }
+    if (user == ChildUser::WithoutOverride && geteuid() == 0) {
+        const bool dropped =
+            prctl(PR_CAPBSET_DROP, CAP_DAC_OVERRIDE) == 0 && prctl(PR_CAPBSET_DROP, CAP_DAC_READ_SEARCH) == 0;
+        EXPECT_TRUE(dropped) << "cannot give up root's right to read everything";
     }
     body();
     std::exit(::testing::Test::HasFailure() ? EXIT_FAILURE : EXIT_SUCCESS);

@@ -6,7 +6,9 @@
 
 namespace ostreltest {
 
-enum class ChildUser { Same, Unprivileged };
+// WithoutOverride is for a program that the child starts: it runs as the same user, who as root reads what other users
+// may not (a tree below root's own folder), but no file whose own permissions forbid it.
+enum class ChildUser { Same, Unprivileged, WithoutOverride };
 
 // Success when the body ended normally and no expectation failed in it; the child prints its failures itself. An
 // unprivileged child gives up root when it has it, so that the permissions of files count.
