@@ -1,6 +1,5 @@
 #include "ostrel/wifi.h"
 
-#include <dlfcn.h>
 #include <pthread.h>
 #include <sched.h>
 #include <unistd.h>
@@ -23,27 +22,14 @@
 #include "ostrel/device_root.h"
 #include "support/child_process.h"
 #include "support/driven_clock.h"
+#include "support/fake_shell.h"
 #include "support/log_capture.h"
 #include "support/test_device.h"
 
 namespace {
 
-// Takes the place of the shell while it is set. Not guarded: set and cleared while no other thread runs.
-std::function<int(const std::string& command)> sShell;
-
-}  // namespace
-
-// The library binds to this one, because a program's definitions come before those of its libraries.
-extern "C" int system(const char* command) {
-    if (sShell) return sShell(command);
-    using System = int (*)(const char*);
-    static const auto real = reinterpret_cast<System>(dlsym(RTLD_NEXT, "system"));
-    return real(command);
-}
-
-namespace {
-
 using namespace std::string_literals;
+using ostreltest::fakeShell;
 using ostreltest::LogCapture;
 
 constexpr char kSupplicant[] = "/proc/523/cmdline";
@@ -76,7 +62,7 @@ protected:
         *rx_wifi_status() = WpaMsg{};
     }
     ~WifiTest() override {
-        sShell = nullptr;
+        fakeShell() = nullptr;
         setenv("PATH", mPath.c_str(), 1);
         *rx_wifi_status() = WpaMsg{};
     }
@@ -153,7 +139,7 @@ TEST_F(WifiTest, ADeviceRootWithBlanksAndQuotesReachesTheToolWhole) {
 
 TEST_F(WifiTest, WithoutADeviceRootTheCommandsAreLiteral) {
     std::vector<std::string> commands;
-    sShell = [&](const std::string& command) {
+    fakeShell() = [&](const std::string& command) {
         commands.push_back(command);
         return 0;
     };
@@ -165,7 +151,7 @@ TEST_F(WifiTest, WithoutADeviceRootTheCommandsAreLiteral) {
 }
 
 TEST_F(WifiTest, TheExitStatusOfTheToolIsIgnored) {
-    sShell = [&](const std::string&) {
+    fakeShell() = [&](const std::string&) {
         device().write("/tmp/wpa_status.txt", kConnected);
         return 256;
     };
@@ -173,7 +159,7 @@ TEST_F(WifiTest, TheExitStatusOfTheToolIsIgnored) {
 }
 
 TEST_F(WifiTest, AMissingFileGivesARecordOfZeros) {
-    sShell = [](const std::string&) { return -1; };
+    fakeShell() = [](const std::string&) { return -1; };
     const WpaMsg record = rx_get_wpa_msg();
     const WpaMsg zeros{};
     EXPECT_EQ(std::memcmp(&record, &zeros, sizeof(record)), 0);
@@ -205,7 +191,7 @@ TEST_F(WifiTest, ZeroBytesEndTheText) {
 TEST_F(WifiTest, AskingLogsNothing) {
     device().remove("/bin/wpa_cli");
     setenv("PATH", "/usr/bin:/bin", 1);
-    sShell = [](const std::string&) { return 127 << 8; };
+    fakeShell() = [](const std::string&) { return 127 << 8; };
     LogCapture output;
     LogCapture errors{LogCapture::Stream::Error};
     rx_get_wpa_msg();
@@ -216,7 +202,7 @@ TEST_F(WifiTest, AskingLogsNothing) {
 TEST_F(WifiTest, TwoCallsAtOnceDoNotMixTheirQueries) {
     std::mutex lock;
     std::vector<std::string> queries;
-    sShell = [&](const std::string& command) {
+    fakeShell() = [&](const std::string& command) {
         {
             const std::lock_guard<std::mutex> guard(lock);
             queries.emplace_back(command.find(" signal_poll >> ") == std::string::npos ? "status" : "signal_poll");
@@ -458,7 +444,7 @@ class WifiMonitorSlowQueryTest : public WifiMonitorTest {
 protected:
     WifiMonitorSlowQueryTest() {
         run(kSupplicant, "wpa_supplicant");
-        sShell = [this, queries = mQueries](const std::string& command) {
+        fakeShell() = [this, queries = mQueries](const std::string& command) {
             if (command.find(" status > ") == std::string::npos) return 0;
             const int number = ++queries->begun;
             becomesTrue([&] { return queries->allowed >= number; });

@@ -1,5 +1,3 @@
-#include <dlfcn.h>
-
 #include <cjson/cJSON.h>
 
 #include <cstdlib>
@@ -9,26 +7,13 @@
 #include "ostrel/device_root.h"
 #include "ostrel/system_settings.h"
 #include "support/fake_host.h"
+#include "support/fake_shell.h"
 #include "support/log_capture.h"
 #include "support/test_device.h"
 
 namespace {
 
-// Takes the place of the shell while it is set.
-std::function<int(const std::string& command)> sShell;
-
-}  // namespace
-
-// The library binds to this one, because a program's definitions come before those of its libraries.
-extern "C" int system(const char* command) {
-    if (sShell) return sShell(command);
-    using System = int (*)(const char*);
-    static const auto real = reinterpret_cast<System>(dlsym(RTLD_NEXT, "system"));
-    return real(command);
-}
-
-namespace {
-
+using ostreltest::fakeShell;
 using ostreltest::host;
 using ostreltest::LogCapture;
 
@@ -47,7 +32,7 @@ class FeaturesTest : public ostreltest::DeviceTest {
 protected:
     FeaturesTest() { reset(); }
     ~FeaturesTest() override {
-        sShell = nullptr;
+        fakeShell() = nullptr;
         cJSON_InitHooks(nullptr);
         setDeviceRoot(device().root().c_str());
         reset();
@@ -211,7 +196,7 @@ TEST_F(FeaturesTest, ADeviceRootWithBlanksAndQuotesReachesTheShellWhole) {
 
 TEST_F(FeaturesTest, WithoutADeviceRootTheCommandIsLiteral) {
     std::string commands;
-    sShell = [&](const std::string& command) {
+    fakeShell() = [&](const std::string& command) {
         commands += command + "\n";
         return 0;
     };
@@ -227,7 +212,7 @@ TEST_F(FeaturesTest, WithoutADeviceRootTheCommandIsLiteral) {
 }
 
 TEST_F(FeaturesTest, AShellThatFailsIsNoError) {
-    sShell = [](const std::string&) { return -1; };
+    fakeShell() = [](const std::string&) { return -1; };
     LogCapture log;
     load(R"({"suspend": 0, "battemp": 3})");
     expectFeatures(0, 0, 3);
