@@ -1,6 +1,11 @@
+#include <sys/mman.h>
+#include <unistd.h>
+
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
+#include <cstdlib>
+#include <cstring>
 #include <utility>
 #include <vector>
 
@@ -108,13 +113,38 @@ TEST(BilinearPathsTest, AgreeForThumbnails) {
     expectAllAgree({64, 48}, {171, 128});
 }
 
-TEST(BilinearPathsTest, VectorPathLeavesColumnsWithoutANeighbourAlone) {
-    if (!ostrel::hasVectorPath()) GTEST_SKIP() << "this processor has no vector path";
-    BilinearStrip strip;
-    ostrel::fillStrip(strip, 0, 1, 8);
-    const unsigned source = 0x01020304;
-    unsigned dst[8] = {};
-    EXPECT_EQ(ostrel::scaleRowVector(strip, {&source, &source, 0.0F, 1.0F, dst}, ChannelOrder::Kept), 0);
+// A row of one pixel, and behind it memory that nobody may read.
+class LastPixel {
+public:
+    LastPixel() {
+        void* pages = mmap(nullptr, 2 * mPage, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
+        if (pages == MAP_FAILED) std::abort();
+        mPages = static_cast<char*>(pages);
+        mprotect(mPages + mPage, mPage, PROT_NONE);
+        std::memcpy(mPages + mPage - sizeof(unsigned), &kPixel, sizeof(unsigned));
+    }
+    ~LastPixel() { munmap(mPages, 2 * mPage); }
+    LastPixel(const LastPixel&) = delete;
+    LastPixel& operator=(const LastPixel&) = delete;
+    const unsigned* get() const { return reinterpret_cast<const unsigned*>(mPages + mPage) - 1; }
+
+    static constexpr unsigned kPixel = 0x01020304;
+
+private:
+    const std::size_t mPage = static_cast<std::size_t>(sysconf(_SC_PAGESIZE));
+    char* mPages;
+};
+
+// The last column of a row has no right-hand neighbour.
+TEST(BilinearPathsTest, NoneReadsBehindTheLastPixel) {
+    const LastPixel pixel;
+    const Pixels expected = byTheRule({LastPixel::kPixel}, {1, 1}, {8, 1}, ChannelOrder::Kept);
+    for (const BilinearPath path : {BilinearPath::Portable, BilinearPath::Vector}) {
+        if (path == BilinearPath::Vector && !ostrel::hasVectorPath()) continue;
+        Pixels dst(8);
+        ostrel::scaleBilinear(path, pixel.get(), {1, 1}, dst.data(), {8, 1}, ChannelOrder::Kept);
+        EXPECT_EQ(dst, expected);
+    }
 }
 
 TEST(BilinearStripTest, HoldsTheColumnsFromItsFirst) {
