@@ -74,7 +74,7 @@ set(CPACK_DEBIAN_DEV_PACKAGE_DEPENDS "${OSTREL_LIBRARY_PACKAGE} (= ${package_ver
 libsdl2-dev, libsdl2-ttf-dev, libsdl2-mixer-dev, libcjson-dev")
 # Not "games", whose programs Debian keeps in /usr/games, where root's PATH does not lead.
 set(CPACK_DEBIAN_LAUNCHER_PACKAGE_SECTION utils)
-set(CPACK_DEBIAN_LAUNCHER_PACKAGE_DEPENDS "${OSTREL_LIBRARY_PACKAGE} (>= ${PROJECT_VERSION}), fonts-wqy-microhei")
+set(CPACK_DEBIAN_LAUNCHER_PACKAGE_DEPENDS "${OSTREL_LIBRARY_PACKAGE} (>= ${PROJECT_VERSION}), fonts-wqy-microhei, tzdata")
 
 # CPack would put the project's own line in front of each.
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "")

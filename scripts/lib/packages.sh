@@ -2,18 +2,21 @@
 # The Debian packages that the scripts need, by what they are needed for. Sourced, not run.
 # shellcheck disable=SC2034  # used by the scripts that source this file
 
-# To build the library and the launcher, and the font that the launcher draws with.
+# To build the library and the launcher, and the font and the time zones that the launcher shows.
 BUILD_PACKAGES=(
     g++ cmake ninja-build pkg-config
     libsdl2-dev libsdl2-ttf-dev libsdl2-image-dev libsdl2-mixer-dev libcjson-dev
-    fonts-wqy-microhei
+    fonts-wqy-microhei tzdata
 )
 # To build and run the tests.
-TEST_PACKAGES=(libgtest-dev libgmock-dev python3 unicode-data)
+TEST_PACKAGES=(
+    libgtest-dev libgmock-dev python3 unicode-data
+    groff-base desktop-file-utils librsvg2-bin dpkg-dev file
+)
 # What the sanitizer, valgrind, benchmark and lint stages add.
 CI_PACKAGES=(
     git clang libclang-rt-14-dev clang-format clang-tidy python3-clang-14 valgrind libbenchmark-dev shellcheck
-    librsvg2-bin binutils
+    binutils
 )
 # To build the Debian packages and look at them.
 PACKAGING_PACKAGES=(dpkg-dev file binutils gzip lintian)

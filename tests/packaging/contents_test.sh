@@ -40,7 +40,7 @@ for needed in libsdl2-2.0-0 libsdl2-ttf-2.0-0 libsdl2-image-2.0-0 libcjson1 libc
     expect_part "$(field libostrel1 Depends)" "$needed"
 done
 expect_part "$(field libostrel-dev Depends)" 'libostrel1 (= 0.1.0-1), libsdl2-dev, libsdl2-ttf-dev, libsdl2-mixer-dev, libcjson-dev'
-expect_part "$(field ostrel-launcher Depends)" 'libostrel1 (>= 0.1.0), fonts-wqy-microhei'
+expect_part "$(field ostrel-launcher Depends)" 'libostrel1 (>= 0.1.0), fonts-wqy-microhei, tzdata'
 
 expect_line "$(files libostrel1)" "/usr/$libdir/libostrel.so.1"
 expect_line "$(files libostrel1)" "/usr/$libdir/libostrel.so.1.1.0"

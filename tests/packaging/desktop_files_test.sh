@@ -6,7 +6,7 @@ here=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
 readonly files=$here/../../samples/launcher/desktop launcher=$here/../../samples/launcher
 # shellcheck source=tests/packaging/expect.sh
 source "$here/expect.sh"
-need groff
+need groff rsvg-convert desktop-file-validate
 
 expect_status 0 groff -man -Tutf8 -ww -z "$files/ostrel-launcher.6"
 [[ -z $said ]] || complain "groff says: $said"
@@ -21,12 +21,8 @@ size=$(od -An -tu1 -j16 -N8 "$files/ostrel-launcher.png" | tr -s ' ')
 [[ $size == ' 0 0 0 128 0 0 0 128' ]] || complain "the icon is not 128 x 128: $size"
 
 # The PNG is the drawing, as Debian 12 renders it.
-if command -v rsvg-convert >/dev/null; then
-    rsvg-convert -w 128 -h 128 "$files/ostrel-launcher.svg" | cmp - "$files/ostrel-launcher.png" ||
-        complain 'the PNG is not what rsvg-convert makes of the SVG'
-fi
-if command -v desktop-file-validate >/dev/null; then
-    expect_status 0 desktop-file-validate "$files/ostrel-launcher.desktop"
-    [[ -z $said ]] || complain "desktop-file-validate says: $said"
-fi
+rsvg-convert -w 128 -h 128 "$files/ostrel-launcher.svg" | cmp - "$files/ostrel-launcher.png" ||
+    complain 'the PNG is not what rsvg-convert makes of the SVG'
+expect_status 0 desktop-file-validate "$files/ostrel-launcher.desktop"
+[[ -z $said ]] || complain "desktop-file-validate says: $said"
 exit $((failures > 0))

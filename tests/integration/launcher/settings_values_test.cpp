@@ -181,7 +181,6 @@ TEST_F(SettingsTest, AZoneOfAnotherProgramIsShownAndLeftForTheFirstOrLastOfOurs)
 }
 
 TEST_F(SettingsTest, EveryTimeZoneIsKnownToTheSystem) {
-    if (!std::filesystem::exists("/usr/share/zoneinfo/Europe/London")) GTEST_SKIP() << "no zones on this machine";
     const int count = setting(launcher::kTextTimeZone).last + 1;
     EXPECT_EQ(count, 25);
     for (int i = 0; i < count; ++i) {
