@@ -15,6 +15,6 @@ std::function<int(const std::string& command)>& fakeShell() {
 extern "C" int system(const char* command) {
     if (ostreltest::fakeShell()) return ostreltest::fakeShell()(command);
     using System = int (*)(const char*);
-    static const auto real = reinterpret_cast<System>(dlsym(RTLD_NEXT, "system"));
-    return real(command);
+    static const auto kReal = reinterpret_cast<System>(dlsym(RTLD_NEXT, "system"));
+    return kReal(command);
 }
