@@ -13,6 +13,8 @@ TEST_PACKAGES=(
     libgtest-dev libgmock-dev python3 unicode-data
     groff-base desktop-file-utils librsvg2-bin dpkg-dev file
 )
+# The real programs that some tests let the library meet: Wi-Fi daemons and their network, an X server and its user.
+TEST_PACKAGES+=(wpasupplicant hostapd iproute2 xvfb xdotool imagemagick)
 # What the sanitizer, valgrind, benchmark and lint stages add.
 CI_PACKAGES=(
     git clang libclang-rt-14-dev clang-format clang-tidy python3-clang-14 valgrind libbenchmark-dev shellcheck
