@@ -166,8 +166,10 @@ TEST_F(ProcessTest, NoNameIsNoProcess) {
 
 TEST_F(ProcessTest, WithoutADeviceRootTheSystemsOwnProcessesAreSearched) {
     setDeviceRoot(nullptr);
+    // Our own name as other processes see it. The dot: an emulator of our processor, which they see in our place, would
+    // answer for /proc/self/cmdline itself.
     std::string own;
-    std::getline(std::ifstream("/proc/self/cmdline"), own, '\0');
+    std::getline(std::ifstream("/proc/./self/cmdline"), own, '\0');
     EXPECT_GT(check_process_exist(own.c_str(), 0), 0);
     EXPECT_EQ(check_process_exist("no-such-program-runs-here", 0), -1);
 }
