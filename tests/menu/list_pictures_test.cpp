@@ -12,6 +12,7 @@
 #include "support/screen_test.h"
 
 using ostreltest::Canvas;
+using ostreltest::kBlendingTolerance;
 using ostreltest::LogCapture;
 using ostreltest::matchesReference;
 using ostreltest::Picture;
@@ -60,7 +61,7 @@ TEST_F(ListPicturesTest, NumberedRowsScrolledToTheLastPage) {
         add(menu, label);
     }
     menu.mCurIndex = 8;
-    EXPECT_TRUE(matchesReference(screen(menu), "menu/list_numbers"));
+    EXPECT_TRUE(matchesReference(screen(menu), "menu/list_numbers", kBlendingTolerance));
 }
 
 TEST_F(ListPicturesTest, IconsWithAMarkerAndARowThatIsNotThereYet) {
@@ -77,7 +78,7 @@ TEST_F(ListPicturesTest, IconsWithAMarkerAndARowThatIsNotThereYet) {
     add(menu, "Soundtrack", nullptr, music.get());
     menu.insertItem(nullptr);
     menu.mCurIndex = 2;
-    EXPECT_TRUE(matchesReference(screen(menu), "menu/list_icons"));
+    EXPECT_TRUE(matchesReference(screen(menu), "menu/list_icons", kBlendingTolerance));
 }
 
 TEST_F(ListPicturesTest, SearchHitsInLatinAndChinese) {
@@ -88,7 +89,7 @@ TEST_F(ListPicturesTest, SearchHitsInLatinAndChinese) {
     add(menu, "Blitz 1999");
     add(menu, "No hit here");
     menu.mName = "z";
-    EXPECT_TRUE(matchesReference(screen(menu), "menu/list_search"));
+    EXPECT_TRUE(matchesReference(screen(menu), "menu/list_search", kBlendingTolerance));
 }
 
 TEST_F(ListPicturesTest, RowsOfTwoLines) {
@@ -100,5 +101,5 @@ TEST_F(ListPicturesTest, RowsOfTwoLines) {
     add(menu, "Castle of Mist", nullptr, game.get());
     add(menu, "华容道", "昨天玩过", game.get());
     menu.mCurIndex = 1;
-    EXPECT_TRUE(matchesReference(screen(menu), "menu/list_two_lines"));
+    EXPECT_TRUE(matchesReference(screen(menu), "menu/list_two_lines", kBlendingTolerance));
 }

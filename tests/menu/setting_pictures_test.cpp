@@ -11,6 +11,7 @@
 #include "support/screen_test.h"
 
 using ostreltest::Canvas;
+using ostreltest::kBlendingTolerance;
 using ostreltest::LogCapture;
 using ostreltest::matchesReference;
 using ostreltest::Picture;
@@ -109,9 +110,9 @@ private:
 }  // namespace
 
 TEST_F(SettingPicturesTest, TheCursorOnAValue) {
-    EXPECT_TRUE(matchesReference(pageWithCursorOn(1), "menu/setting_value"));
+    EXPECT_TRUE(matchesReference(pageWithCursorOn(1), "menu/setting_value", kBlendingTolerance));
 }
 
 TEST_F(SettingPicturesTest, TheCursorOnASwitch) {
-    EXPECT_TRUE(matchesReference(pageWithCursorOn(2), "menu/setting_switch"));
+    EXPECT_TRUE(matchesReference(pageWithCursorOn(2), "menu/setting_switch", kBlendingTolerance));
 }

@@ -44,6 +44,14 @@ private:
     std::vector<Colour> mPixels;
 };
 
+// How far a channel may be off where images with translucent pixels are drawn. SDL blends them with code of the
+// processor's own, into a texture of the image's layout as into the window; references are pictures of x86-64.
+#ifdef __x86_64__
+constexpr int kBlendingTolerance = 0;
+#else
+constexpr int kBlendingTolerance = 4;
+#endif
+
 // Whether two pictures agree within tolerance per channel; a failure counts the pixels and names their rectangle.
 ::testing::AssertionResult picturesMatch(const Picture& actual, const Picture& expected, int tolerance = 0);
 

@@ -28,7 +28,7 @@ TEST_F(BarsPictureTest, ConnectedConsoleOnBattery) {
     const Canvas canvas(1280, 720);
     drawScreen("Recently played");
     drawListNumAtStatBar(3, 128);
-    EXPECT_TRUE(matchesReference(canvas.picture(), "window/bars_on_battery"));
+    EXPECT_TRUE(matchesReference(canvas.picture(), "window/bars_on_battery", kBlendingTolerance));
 }
 
 TEST_F(BarsPictureTest, ChargingConsoleWithEveryStatusItem) {
@@ -40,7 +40,7 @@ TEST_F(BarsPictureTest, ChargingConsoleWithEveryStatusItem) {
     const Canvas canvas(1280, 720);
     drawScreen("最近游玩 · Récents · 最近");
     drawListNumAtStatBar(128, 128);
-    EXPECT_TRUE(matchesReference(canvas.picture(), "window/bars_charging"));
+    EXPECT_TRUE(matchesReference(canvas.picture(), "window/bars_charging", kBlendingTolerance));
 }
 
 TEST_F(BarsPictureTest, NearlyEmptyConsoleWithAWeakSignal) {
@@ -50,7 +50,7 @@ TEST_F(BarsPictureTest, NearlyEmptyConsoleWithAWeakSignal) {
     host().shm.values[SHM_VOL] = 1;
     const Canvas canvas(1280, 720);
     drawScreen("Settings");
-    EXPECT_TRUE(matchesReference(canvas.picture(), "window/bars_nearly_empty"));
+    EXPECT_TRUE(matchesReference(canvas.picture(), "window/bars_nearly_empty", kBlendingTolerance));
 }
 
 }  // namespace

@@ -14,6 +14,7 @@
 namespace {
 
 using ostreltest::Canvas;
+using ostreltest::kBlendingTolerance;
 using ostreltest::matchesReference;
 using ostreltest::Picture;
 
@@ -53,14 +54,14 @@ private:
 
 TEST_F(DialogPictureTest, QuestionInOneLine) {
     DialogWindow dialog("Delete", "Delete “Castle of Mist”?", false, nullptr, nullptr);
-    EXPECT_TRUE(matchesReference(overTheScreen(dialog), "window/dialog_one_line"));
+    EXPECT_TRUE(matchesReference(overTheScreen(dialog), "window/dialog_one_line", kBlendingTolerance));
 }
 
 TEST_F(DialogPictureTest, QuestionInSeveralLinesWithCancelChosen) {
     DialogWindow dialog("Save states", "Castle of Mist has two save states.\nThey go with the game.\n要继续吗？", true,
                         nullptr, nullptr);
     dialog.mSelected = 0;
-    EXPECT_TRUE(matchesReference(overTheScreen(dialog), "window/dialog_lines"));
+    EXPECT_TRUE(matchesReference(overTheScreen(dialog), "window/dialog_lines", kBlendingTolerance));
 }
 
 TEST_F(DialogPictureTest, PopupListOverTheFrozenList) {
@@ -72,7 +73,7 @@ TEST_F(DialogPictureTest, PopupListOverTheFrozenList) {
     menu->updateRectAndNum(inThePanel, 5);
     menu->mCurIndex = 1;
     PopUpWindow popup(-1, menu, "skin/pop-menu-bg.png");
-    EXPECT_TRUE(matchesReference(overTheScreen(popup), "window/popup_list"));
+    EXPECT_TRUE(matchesReference(overTheScreen(popup), "window/popup_list", kBlendingTolerance));
 }
 
 }  // namespace

@@ -11,6 +11,7 @@
 #include "support/test_device.h"
 
 namespace fs = std::filesystem;
+using ostreltest::kBlendingTolerance;
 using ostreltest::matchesReference;
 using ostreltest::Picture;
 using ostreltest::picturesMatch;
@@ -18,14 +19,8 @@ using ostreltest::Program;
 
 namespace {
 
-// The processor's own blending into a window differs by a few steps between kinds of processor.
-#ifdef __x86_64__
-constexpr int kTolerance = 0;
-#else
-constexpr int kTolerance = 4;
-#endif
-// So does blending into a texture, where a turned screen is drawn first.
-constexpr int kBlendingTolerance = 4;
+// A turned screen is drawn into a texture first, where blending takes another path than in the window.
+constexpr int kTurnedTolerance = 4;
 
 const char* const kVisits[] = {
     "any_folder", "b_confirms", "charging", "first_light",          "held_keys", "muted",      "offline",
@@ -69,7 +64,8 @@ TEST_P(VisitTest, ShowsTheReferencePictures) {
     const std::set<std::string> taken = picturesIn(shots("shots"));
     EXPECT_FALSE(taken.empty());
     for (const std::string& name : taken) {
-        EXPECT_TRUE(matchesReference(shot("shots", name), "launcher/" + visit + "/" + name, kTolerance)) << name;
+        EXPECT_TRUE(matchesReference(shot("shots", name), "launcher/" + visit + "/" + name, kBlendingTolerance))
+            << name;
     }
     EXPECT_EQ(picturesIn(OSTREL_SOURCE_DIR "/tests/reference/launcher/" + visit), taken);
 }
@@ -101,7 +97,7 @@ void expectTurned(const Picture& turned, const Picture& upright, const std::stri
     ASSERT_EQ(turned.height(), 1280);
     const Picture expected = upright.turnedLeft().part({1, 0, 719, 1280});
     const Picture actual = turned.part({0, 0, 719, 1280});
-    EXPECT_TRUE(picturesMatch(actual, expected, kBlendingTolerance)) << name;
+    EXPECT_TRUE(picturesMatch(actual, expected, kTurnedTolerance)) << name;
 }
 
 // Behind popups and questions stands the frozen screen, which a turned panel has another shape of.
