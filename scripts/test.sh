@@ -2,38 +2,22 @@
 # Installs what is missing, builds, and runs every test headless.
 #   ./scripts/test.sh            the release build and its tests
 #   ./scripts/test.sh --ci       that and the sanitizer, valgrind and lint stages, with the time of each
-#   ./scripts/test.sh --stage S  one stage alone: release, asan, tsan, valgrind or lint
+#   ./scripts/test.sh --stage S  one stage alone: release, asan, tsan, valgrind or lint; or one that --ci leaves out:
+#                                arm64 (64-bit ARM in an emulator) or char (plain char as on the other processor)
 set -euo pipefail
 cd "$(dirname "$0")/.."
 # shellcheck source=scripts/lib/install-packages.sh
 source scripts/lib/install-packages.sh
 # shellcheck source=scripts/lib/packages.sh
 source scripts/lib/packages.sh
+# shellcheck source=scripts/lib/build-and-test.sh
+source scripts/lib/build-and-test.sh
 
 readonly CI_STAGES=(release asan tsan valgrind lint)
-JOBS=$(nproc)
-readonly JOBS
 stage_times=()
 benchmarks=OFF
 
-usage() { sed -n '2,5s/^# \{0,1\}//p' "$0"; }
-
-# configure_and_build PRESET [cmake options]
-configure_and_build() {
-    local preset=$1
-    shift
-    cmake --preset "$preset" "$@" >"build/$preset.configure.log" 2>&1 || { cat "build/$preset.configure.log"; return 1; }
-    cmake --build --preset "$preset" --parallel "$JOBS" -- --quiet
-}
-
-# A line per test would bury what failed: the log holds everything, the screen the failures and the closing lines.
-run_ctest() {
-    local log=build/$1.tests.log failed=0
-    ctest --preset "$1" --parallel "$JOBS" >"$log" 2>&1 || failed=1
-    [[ $failed -eq 0 ]] || grep -vE '^ *(Start +[0-9]+:|[0-9]+/[0-9]+ Test .* Passed)' "$log" | head -400
-    grep -E '^([0-9]+% tests passed|Total Test time)' "$log"
-    return "$failed"
-}
+usage() { sed -n '2,6s/^# \{0,1\}//p' "$0"; }
 
 stage_release() {
     configure_and_build release -DOSTREL_BUILD_BENCH="$benchmarks"
@@ -63,6 +47,14 @@ stage_lint() {
     ./scripts/lint build/release
 }
 
+stage_arm64() { ./scripts/cross-arm64.sh; }
+
+# Plain char is signed on x86-64 and unsigned on 64-bit ARM; neither may matter.
+stage_char() {
+    configure_and_build unsigned-char
+    run_ctest unsigned-char
+}
+
 run_stage() {
     local name=$1 begin=$SECONDS
     printf '\n== %s ==\n' "$name"
@@ -75,7 +67,7 @@ main() {
     case "${1:-}" in
         "") ;;
         --ci) stages=("${CI_STAGES[@]}") ;;
-        --stage) stages=("${2:?name a stage: ${CI_STAGES[*]}}") ;;
+        --stage) stages=("${2:?name a stage: ${CI_STAGES[*]} arm64 char}") ;;
         *) usage; exit 2 ;;
     esac
     local packages=("${BUILD_PACKAGES[@]}" "${TEST_PACKAGES[@]}")

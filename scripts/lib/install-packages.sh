@@ -2,15 +2,18 @@
 # install_packages NAME...: installs the Debian packages of that list that are missing. Sourced, not run.
 # When nothing is missing it asks dpkg alone, so a second run costs a few hundredths of a second and needs no network.
 
-# missing_packages NAME...: prints those that are not installed, one a line.
+# missing_packages NAME...: prints those that are not installed, one a line. NAME:arm64 is another processor's package,
+# NAME alone this machine's.
 missing_packages() {
-    local installed
+    local installed name own
     # Exits non-zero as soon as one name is unknown to dpkg, which is just what we are looking for.
-    installed=$(dpkg-query --show --showformat='${db:Status-Status} ${Package}\n' "$@" 2>/dev/null |
+    installed=$(dpkg-query --show --showformat='${db:Status-Status} ${Package}:${Architecture}\n' "$@" 2>/dev/null |
         sed -n 's/^installed //p') || true
-    local name
+    own=$(dpkg --print-architecture)
     for name in "$@"; do
-        grep --quiet --line-regexp --fixed-strings "$name" <<<"$installed" || printf '%s\n' "$name"
+        local known=(-e "$name")
+        [[ $name == *:* ]] || known=(-e "$name:$own" -e "$name:all")
+        grep --quiet --line-regexp --fixed-strings "${known[@]}" <<<"$installed" || printf '%s\n' "$name"
     done
 }
 
@@ -21,6 +24,11 @@ as_root() {
 
 apt_install() {
     as_root env DEBIAN_FRONTEND=noninteractive apt-get install --yes --quiet=2 --no-install-recommends "$@" >/dev/null
+}
+
+# allow_packages_of PROCESSOR: Debian's packages of that processor may be installed beside this machine's.
+allow_packages_of() {
+    dpkg --print-foreign-architectures | grep --quiet --line-regexp "$1" || as_root dpkg --add-architecture "$1"
 }
 
 install_packages() {

@@ -22,3 +22,9 @@ CI_PACKAGES=(
 )
 # To build the Debian packages and look at them.
 PACKAGING_PACKAGES=(dpkg-dev file binutils gzip lintian)
+# To build for 64-bit ARM and to run that here. The one jack is what both processors' mixer libraries can share.
+ARM64_PACKAGES=(
+    g++-aarch64-linux-gnu qemu-user
+    libjack-jackd2-dev libjack-jackd2-dev:arm64 libstdc++6:arm64 libgtest-dev:arm64 libgmock-dev:arm64
+    libsdl2-dev:arm64 libsdl2-ttf-dev:arm64 libsdl2-image-dev:arm64 libsdl2-mixer-dev:arm64 libcjson-dev:arm64
+)

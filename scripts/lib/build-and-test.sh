@@ -1,0 +1,24 @@
+#!/usr/bin/env bash
+# How the scripts build a preset and run its tests. Sourced, not run, from the root of the tree.
+JOBS=$(nproc)
+readonly JOBS
+
+# configure_and_build PRESET [cmake options]
+configure_and_build() {
+    local preset=$1
+    shift
+    mkdir -p build
+    cmake --preset "$preset" "$@" >"build/$preset.configure.log" 2>&1 || { cat "build/$preset.configure.log"; return 1; }
+    cmake --build --preset "$preset" --parallel "$JOBS" -- --quiet
+}
+
+# run_ctest PRESET [ctest options]: a line per test would bury what failed, so the log holds everything, the screen the
+# failures and the closing lines.
+run_ctest() {
+    local preset=$1 log=build/$1.tests.log failed=0
+    shift
+    ctest --preset "$preset" --parallel "$JOBS" "$@" >"$log" 2>&1 || failed=1
+    [[ $failed -eq 0 ]] || grep -vE '^ *(Start +[0-9]+:|[0-9]+/[0-9]+ Test .* Passed)' "$log" | head -400
+    grep -E '^([0-9]+% tests passed|Total Test time)' "$log" || failed=1
+    return "$failed"
+}
