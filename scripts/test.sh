@@ -25,14 +25,14 @@ stage_release() {
 }
 
 stage_asan() {
-    configure_and_build clang-asan-ubsan -DOSTREL_BUILD_FUZZ=ON
+    configure_and_build clang-asan-ubsan -DOSTREL_BUILD_FUZZ=ON -DOSTREL_FORKED_TESTS=ON
     ASAN_OPTIONS=detect_stack_use_after_return=1:strict_string_checks=1:allocator_may_return_null=1 UBSAN_OPTIONS=print_stacktrace=1 \
         LSAN_OPTIONS=suppressions=$PWD/tests/support/lsan.supp:print_suppressions=0 run_ctest clang-asan-ubsan
     ./scripts/fuzz.sh 10
 }
 
 stage_tsan() {
-    configure_and_build tsan
+    configure_and_build tsan -DOSTREL_FORKED_TESTS=ON
     TSAN_OPTIONS=halt_on_error=1:suppressions=$PWD/tests/support/tsan.supp run_ctest tsan
 }
 

@@ -12,13 +12,22 @@ configure_and_build() {
     cmake --build --preset "$preset" --parallel "$JOBS" -- --quiet
 }
 
+# Programs that fork their tests are one test each to ctest: how many there were stands in what they said.
+count_forked() {
+    local said=build/$1/Testing/Temporary/LastTest.log
+    [[ -f $said ]] || return 0
+    awk '/^[0-9]+ tests, [0-9]+ failed, [0-9]+ skipped$/ { tests += $1; failed += $3; skipped += $5; programs++ }
+        END { if (programs) print tests " tests in " programs " starts, " failed " failed, " skipped " skipped" }' "$said"
+}
+
 # run_ctest PRESET [ctest options]: a line per test would bury what failed, so the log holds everything, the screen the
 # failures and the closing lines.
 run_ctest() {
     local preset=$1 log=build/$1.tests.log failed=0
     shift
     ctest --preset "$preset" --parallel "$JOBS" "$@" >"$log" 2>&1 || failed=1
-    [[ $failed -eq 0 ]] || grep -vE '^ *(Start +[0-9]+:|[0-9]+/[0-9]+ Test .* Passed)' "$log" | head -400
-    grep -E '^([0-9]+% tests passed|Total Test time)' "$log" || failed=1
+    [[ $failed -eq 0 ]] || grep -avE '^ *(Start +[0-9]+:|[0-9]+/[0-9]+ Test .* Passed)' "$log" | head -400
+    count_forked "$preset"
+    grep -aE '^([0-9]+% tests passed|Total Test time)' "$log" || failed=1
     return "$failed"
 }

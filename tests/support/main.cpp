@@ -4,11 +4,13 @@
 
 #include <cstdlib>
 
+#include "support/forked_tests.h"
+
 int main(int argc, char** argv) {
     setenv("SDL_VIDEODRIVER", "dummy", 1);
     setenv("SDL_RENDER_DRIVER", "software", 1);
     setenv("SDL_AUDIODRIVER", "dummy", 1);
     setenv("SDL_JOYSTICK_ALLOW_BACKGROUND_EVENTS", "1", 1);
     ::testing::InitGoogleMock(&argc, argv);
-    return RUN_ALL_TESTS();
+    return ostreltest::areTestsForked() ? ostreltest::runTestsForked() : RUN_ALL_TESTS();
 }
