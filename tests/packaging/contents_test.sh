@@ -9,7 +9,8 @@ readonly build=$1 libdir=$2 work=$3
 source "$here/expect.sh"
 need cpack dpkg-deb dpkg-shlibdeps dpkg-gensymbols file
 
-deb() { echo "$work/${1}_0.1.0-1_$(dpkg --print-architecture).deb"; }
+architecture=$(sed -n 's/^set(CPACK_DEBIAN_PACKAGE_ARCHITECTURE "\(.*\)")$/\1/p' "$build/CPackConfig.cmake")
+deb() { echo "$work/${1}_0.1.0-1_$architecture.deb"; }
 field() { dpkg-deb --field "$(deb "$1")" "$2"; }
 files() { dpkg-deb --contents "$(deb "$1")" | sed 's,^.* \./,/,; s, -> .*,,'; }
 control() { dpkg-deb --ctrl-tarfile "$(deb "$1")" | tar --list | sort | xargs; }

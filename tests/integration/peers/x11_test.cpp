@@ -17,13 +17,6 @@ using ostreltest::Program;
 using ostreltest::pushKey;
 using Arguments = std::vector<std::string>;
 
-// Pictures of the window itself are blended by SDL's own routines, which differ a little from machine to machine.
-#if defined(__x86_64__)
-constexpr int kTolerance = 0;
-#else
-constexpr int kTolerance = 4;
-#endif
-
 // An X server without a window manager. The pointer stands in the middle, and keys go to the window below it.
 class XServer {
 public:
@@ -90,7 +83,7 @@ TEST_F(X11Test, TheKeysOfAKeyboardMakeThePictureThatTheyMakeHeadless) {
     ASSERT_TRUE(window.readUntil("shown: 6 6.\n")) << window.output();
     server.run({"xdotool", "key", "105"});  // the right Ctrl key, by its number on the keyboard
     ASSERT_TRUE(window.readUntil("shown: 6 6 10.\n")) << window.output();
-    EXPECT_TRUE(picturesMatch(screenshot(server), headlessPicture(), kTolerance));
+    EXPECT_TRUE(picturesMatch(screenshot(server), headlessPicture(), ostreltest::kBlendingTolerance));
     server.run({"xdotool", "key", "Escape"});
     EXPECT_EQ(window.wait(), 0) << window.output();
 }
