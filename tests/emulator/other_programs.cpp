@@ -12,12 +12,14 @@
 #include <csignal>
 #include <cstdlib>
 #include <cstring>
+#include <iterator>
 #include <sstream>
 #include <string>
 #include <vector>
 
 namespace {
 
+constexpr const char* kEmulator[] = {OSTREL_EMULATOR};  // and its options
 constexpr char kPreload[] = "LD_PRELOAD";
 constexpr int kNotStarted = 127;
 
@@ -44,10 +46,11 @@ bool isForTheEmulator(const char* path) {
 
 int becomeEmulated(const char* path, char* const* arguments) {
     const std::string preload = std::string(kPreload) + "=" + sOwnPath;
-    std::vector<const char*> words{OSTREL_EMULATOR, "-E", preload.c_str(), "-0", arguments[0], path};
+    std::vector<const char*> words(std::begin(kEmulator), std::end(kEmulator));
+    words.insert(words.end(), {"-E", preload.c_str(), "-0", arguments[0], path});
     for (char* const* argument = arguments + 1; *argument != nullptr; ++argument) words.push_back(*argument);
     words.push_back(nullptr);
-    return execvp(OSTREL_EMULATOR, const_cast<char* const*>(words.data()));
+    return execvp(kEmulator[0], const_cast<char* const*>(words.data()));
 }
 
 void takeSignals(const posix_spawnattr_t* attributes) {
