@@ -8,6 +8,7 @@
 
 #include "graphics/screen_internal.h"
 #include "graphics/sdl_handles.h"
+#include "graphics/surface_internal.h"
 #include "ostrel/host.h"
 #include "ostrel/log.h"
 #include "ostrel/scaler.h"
@@ -20,7 +21,6 @@ using ostrel::TexturePtr;
 namespace {
 
 constexpr int kPixelBytes = 4;  // what surfaces keep, whatever the file holds
-constexpr const char* kWorkingDirectory = "./";
 
 bool isAbsolute(const char* name) { return name[0] == '/'; }
 
@@ -63,8 +63,8 @@ SurfacePtr decodeThumbnail(const char* path, const char* name, bool fallback) {
     if (isAbsolute(name)) pixels = decode(name);
     if (pixels == nullptr) pixels = decode(gThemePath, name);
     if (pixels != nullptr) return pixels;
-    pixels = decode(kWorkingDirectory, name);
-    if (pixels != nullptr) logSubstitution(gThemePath, kWorkingDirectory, name);
+    pixels = decode(ostrel::kWorkingDirectory, name);
+    if (pixels != nullptr) logSubstitution(gThemePath, ostrel::kWorkingDirectory, name);
     return pixels;
 }
 

@@ -5,6 +5,7 @@
 
 #include "graphics/screen_internal.h"
 #include "graphics/sdl_handles.h"
+#include "graphics/surface_internal.h"
 #include "ostrel/host.h"
 #include "ostrel/image.h"
 #include "ostrel/log.h"
@@ -44,7 +45,6 @@ OstrelSurface* gBackgroundFloat = nullptr;
 namespace {
 
 constexpr int kIconCapacity = 100;
-constexpr const char* kWorkingDirectory = "./";
 constexpr const char* kFontFile = "regular.ttf";
 
 constexpr SDL_Color kWhite{255, 255, 255, 255};
@@ -87,7 +87,7 @@ constexpr OstrelSurface** kReleaseOrder[] = {
 
 // The library starts SDL_ttf when nobody did, and never ends it: the host may have fonts of its own.
 TTF_Font* openSkinFont(int size) {
-    const std::string path = std::string(kWorkingDirectory) + kFontFile;
+    const std::string path = std::string(ostrel::kWorkingDirectory) + kFontFile;
     tprintf("open %s\n", path.c_str());
     if (TTF_WasInit() == 0) TTF_Init();
     return TTF_OpenFont(path.c_str(), size);
@@ -100,7 +100,7 @@ void closeSkinFont(TTF_Font*& font) {
 }
 
 void loadSkinImage(const SkinImage& row) {
-    *row.image = LoadOstrelSurface(gThemePath, kWorkingDirectory, row.file);
+    *row.image = LoadOstrelSurface(gThemePath, ostrel::kWorkingDirectory, row.file);
     if (row.image == &gBackground && gBackground == nullptr) tprintf("open background fail: %s\n", SDL_GetError());
 }
 
@@ -126,7 +126,7 @@ OstrelSurface* getIconFromCache(const char* name) {
     if (name == nullptr) return nullptr;
     auto* cached = static_cast<OstrelSurface*>(gIconCache.get(name));
     if (cached != nullptr) return cached;
-    OstrelSurface* icon = LoadOstrelSurface(gThemePath, kWorkingDirectory, name);
+    OstrelSurface* icon = LoadOstrelSurface(gThemePath, ostrel::kWorkingDirectory, name);
     if (icon != nullptr) gIconCache.put(name, icon);
     return icon;
 }

@@ -7,6 +7,9 @@ class SDL2OstrelSurface;
 
 namespace ostrel {
 
+// Where images are looked for that the theme does not have.
+constexpr const char* kWorkingDirectory = "./";
+
 // The class that this library makes its surfaces of, or null when s is null or of a host's own class.
 SDL2OstrelSurface* sdlSurface(OstrelSurface* s);
 

@@ -5,11 +5,12 @@
 
 namespace ostrel {
 
-// Alignment codes: where a text stands in its rectangle. Every other code is top right.
+// Alignment codes: where a text stands in its rectangle. Every other code is top right too.
 constexpr int kAlignTopLeft = 0;
 constexpr int kAlignCentre = 1;  // both ways
-constexpr int kAlignLeft = 3;    // centred from top to bottom
-constexpr int kAlignRight = 4;   // likewise
+constexpr int kAlignTopRight = 2;
+constexpr int kAlignLeft = 3;   // centred from top to bottom
+constexpr int kAlignRight = 4;  // likewise
 
 // Height of a line in pixels; 0 without a font, where SDL_ttf would crash.
 int fontHeight(TTF_Font* font);

@@ -12,7 +12,6 @@
 namespace ostrel {
 namespace {
 
-constexpr char kEnglishFileName[] = "en.lang";
 constexpr char kEnglishName[] = "English";
 constexpr char kIconFolder[] = "skin/";
 

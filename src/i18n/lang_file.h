@@ -6,6 +6,8 @@
 
 namespace ostrel {
 
+constexpr char kEnglishFileName[] = "en.lang";
+
 struct LangRecord {
     std::string fileName;                // without folder; selects the language
     std::string langName;                // the name to show

@@ -8,6 +8,7 @@
 #include <cstring>
 #include <string>
 
+#include "i18n/lang_file.h"
 #include "ostrel/language.h"
 #include "platform/handles.h"
 
@@ -16,7 +17,6 @@ namespace {
 
 constexpr char kFolder[] = "./lang";
 constexpr char kEnglishPath[] = "./lang/en.lang";
-constexpr char kEnglishFileName[] = "en.lang";
 constexpr char kShortForm[] = ".short";  // short forms of the texts, which other programs of the console use
 
 bool exists(const char* path) { return access(path, F_OK) == 0; }

@@ -9,6 +9,7 @@
 #include "menu/dir_loader.h"
 #include "ostrel/log.h"
 #include "ostrel/menu_item.h"
+#include "platform/c_string.h"
 #include "platform/handles.h"
 
 using ostrel::loadDirItems;
@@ -46,7 +47,7 @@ std::vector<void*>* DirBrowser::LoadDir(const char* base, const char* start) {
     if (base == nullptr) return nullptr;
     // Copies first: both texts may belong to the stack or to an item that is about to go.
     const std::string baseDir = base;
-    const std::string startDir = start == nullptr ? "" : start;
+    const std::string startDir = ostrel::orEmpty(start);
     const std::size_t found = start == nullptr ? std::string::npos : startDir.find(baseDir);
     freeCache();
     dirStack.assign(1, baseDir);

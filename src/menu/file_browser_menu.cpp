@@ -7,6 +7,7 @@
 #include "ostrel/input.h"
 #include "ostrel/log.h"
 #include "ostrel/window.h"
+#include "platform/c_string.h"
 
 namespace {
 
@@ -17,8 +18,6 @@ bool endsIn(std::string_view text, std::string_view ending) {
 }
 
 bool leadsUp(std::string_view path) { return endsIn(path, "..") || endsIn(path, "../"); }
-
-const char* orEmpty(const char* text) { return text == nullptr ? "" : text; }
 
 // Tells whether a menu lives on after it has run an action, which may delete it. Kept outside of the menu, whose fields
 // are the binary interface, in a chain: an action may run a main loop with another browser.
@@ -47,8 +46,8 @@ private:
 FileBrowserMenu::FileBrowserMenu(const char* base, const char* start, const char* selBgPath, const char* normalBgPath,
                                  int ySpace, int rowsPerPage)
     : TextMenuDrawer(selBgPath, normalBgPath, rowsPerPage, ySpace),
-      baseDir(orEmpty(base)),
-      startDir(orEmpty(start)),
+      baseDir(ostrel::orEmpty(base)),
+      startDir(ostrel::orEmpty(start)),
       browser(file_filter, file_handler),
       curList(nullptr) {}
 

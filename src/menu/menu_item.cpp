@@ -2,6 +2,7 @@
 
 #include "ostrel/language.h"
 #include "ostrel/log.h"
+#include "platform/c_string.h"
 
 Action::~Action() = default;
 int Action::xdowork(void*) { return 0; }
@@ -31,7 +32,7 @@ ListItem::~ListItem() = default;
 TextMenuItemProvider::~TextMenuItemProvider() = default;
 
 TextMenuItem::TextMenuItem(const char* labelText, OstrelSurface* iconImage, Action* actionToRun, bool ownActionToo)
-    : label(labelText == nullptr ? "" : labelText), action(actionToRun), ownAction(ownActionToo), icon(iconImage) {
+    : label(ostrel::orEmpty(labelText)), action(actionToRun), ownAction(ownActionToo), icon(iconImage) {
     if (icon != nullptr) tprintf("%s labelicon = %p\n", label.c_str(), static_cast<void*>(icon));
 }
 

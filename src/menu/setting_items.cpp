@@ -10,6 +10,7 @@
 #include "ostrel/skin.h"
 #include "ostrel/surface.h"
 #include "ostrel/text.h"
+#include "platform/c_string.h"
 
 namespace {
 
@@ -24,8 +25,6 @@ constexpr int kTailIconGap = 25;
 constexpr int kValueTextInset = 85;
 constexpr int kValueTextWidth = 60;
 constexpr int kPlainValueGap = 40;
-
-const char* orEmpty(const char* text) { return text == nullptr ? "" : text; }
 
 // At its own size, its left edge at x, in the middle of the row's height.
 void drawInRow(OstrelSurface* image, int x, const SDL_Rect& row) {
@@ -69,12 +68,12 @@ SettingItem::SettingItem(OstrelSurface* selected, OstrelSurface* normal, int id,
       normalBg(normal),
       tailIcon(nullptr),
       titleId(id),
-      valueText(orEmpty(value)) {}
+      valueText(ostrel::orEmpty(value)) {}
 
 SettingItem::SettingItem(OstrelSurface* selected, OstrelSurface* normal, const char* text, const char* value,
                          Action* rowAction)
     : SettingItem(selected, normal, -1, value, rowAction) {
-    title = orEmpty(text);
+    title = ostrel::orEmpty(text);
 }
 
 SettingItem::~SettingItem() { tprintf("~SettingItem\n"); }
@@ -119,7 +118,7 @@ int SettingValueItem::draw(SDL_Rect& rect, bool selected) {
         drawInRow(leftImg, rect.x + kValueBoxX, rect);
         drawInRow(rightImg, rect.x + kValueBoxRightX, rect);
     }
-    std::snprintf(valueBuf, sizeof valueBuf, "%s", orEmpty(mValueChanger->getValueText()));
+    std::snprintf(valueBuf, sizeof valueBuf, "%s", ostrel::orEmpty(mValueChanger->getValueText()));
     if (valueBoxImg == nullptr) {
         drawText({rect.x, rect.y, rect.w - kPlainValueGap, rect.h}, valueBuf, ostrel::kAlignRight);
     } else {

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdio>
 
+#include "graphics/surface_internal.h"
 #include "graphics/text_internal.h"
 #include "menu/row_layout.h"
 #include "menu/row_painter.h"
@@ -14,18 +15,18 @@
 #include "ostrel/skin.h"
 #include "ostrel/surface.h"
 #include "ostrel/text.h"
+#include "platform/c_string.h"
 
 namespace {
 
 constexpr SDL_Rect kFullScreenList{0, 80, 1280, 580};  // below the bar of 80 pixels, above that of 60
-constexpr int kCacheCapacity = 100;
+constexpr int kImageCapacity = 100;
 constexpr int kLargestNumber = 9999;
-constexpr char kFallbackDir[] = "./";
 
-const char* currentTheme() { return gThemePath == nullptr ? "" : gThemePath; }
+const char* currentTheme() { return ostrel::orEmpty(gThemePath); }
 
 OstrelSurface* loadBackground(const char* path) {
-    return path == nullptr ? nullptr : LoadOstrelSurface(gThemePath, kFallbackDir, path);
+    return path == nullptr ? nullptr : LoadOstrelSurface(gThemePath, ostrel::kWorkingDirectory, path);
 }
 
 void reloadBackground(OstrelSurface*& background, const char* path) {
@@ -55,8 +56,8 @@ TextMenuDrawer::TextMenuDrawer(const char* selBgPath, const char* normalBgPath, 
       altTextColor(gListColorTxt),
       itemsPerPage(itemsPerPageCount),
       themePath(currentTheme()),
-      iconCache(&deleteSurface, kCacheCapacity),
-      thumbCache(&deleteSurface, kCacheCapacity) {
+      iconCache(&deleteSurface, kImageCapacity),
+      thumbCache(&deleteSurface, kImageCapacity) {
     mRect = kFullScreenList;
     tprintf("mItemHeight = %d, mYSpaceInList = %d\n", mItemHeight, mYSpaceInList);
 }

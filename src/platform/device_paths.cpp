@@ -1,8 +1,11 @@
 #include "platform/device_paths.h"
 
+#include <unistd.h>
+
 #include <array>
 
 #include "ostrel/device_root.h"
+#include "platform/c_string.h"
 
 namespace ostrel {
 namespace {
@@ -63,6 +66,8 @@ const char* devicePath(DevicePath path) {
     return rooted.active ? rooted.plain[index].c_str() : kLiteralPaths[index];
 }
 
+bool deviceFileExists(DevicePath path) { return access(devicePath(path), F_OK) == 0; }
+
 const char* devicePathForShell(DevicePath path) {
     const auto index = static_cast<std::size_t>(path);
     const RootedPaths& rooted = rootedPaths();
@@ -72,7 +77,7 @@ const char* devicePathForShell(DevicePath path) {
 }  // namespace ostrel
 
 void setDeviceRoot(const char* root) {
-    std::string prefix = root == nullptr ? "" : root;
+    std::string prefix = ostrel::orEmpty(root);
     while (!prefix.empty() && prefix.back() == '/') prefix.pop_back();
     ostrel::RootedPaths& rooted = ostrel::rootedPaths();
     rooted.active = !prefix.empty();

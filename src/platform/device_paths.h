@@ -30,6 +30,9 @@ enum class DevicePath {
 // The path with the device root in front; valid until the next setDeviceRoot.
 const char* devicePath(DevicePath path);
 
+// Whether something stands at the path.
+bool deviceFileExists(DevicePath path);
+
 // The same path as one word of a shell command: quoted when a root is set, else as it is.
 const char* devicePathForShell(DevicePath path);
 

@@ -2,11 +2,12 @@
 
 #include "ostrel/file_utils.h"
 #include "platform/ascii.h"
+#include "platform/c_string.h"
 
 namespace ostrel {
 
 void formatLocalKey(char (&out)[kLocalKeySize], const char* key, const char* language) {
-    std::snprintf(out, sizeof out, "%s.%s", key == nullptr ? "" : key, language == nullptr ? "" : language);
+    std::snprintf(out, sizeof out, "%s.%s", ostrel::orEmpty(key), ostrel::orEmpty(language));
 }
 
 cJSON* jsonPlain(const cJSON* object, const char* key) {

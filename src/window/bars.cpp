@@ -10,14 +10,14 @@ namespace {
 
 constexpr int kCounterLeft = 640;
 constexpr int kCounterWidth = 616;
-constexpr int kAlignTopRight = 2;
 
 // Returns the width of the text, which ends shift pixels left of the counter's right edge.
 int drawCounterPart(const char* format, int number, int shift) {
     char text[16];
     std::snprintf(text, sizeof text, format, number);
     const SDL_Rect box{kCounterLeft - shift, gListNumOfStatBarOffsetY, kCounterWidth, ostrel::fontHeight(gStatFont)};
-    return DrawString(gStatFont, box, text, gStatColorTxt, kAlignTopRight, /*shadow=*/false, /*measureOnly=*/false);
+    return DrawString(gStatFont, box, text, gStatColorTxt, ostrel::kAlignTopRight, /*shadow=*/false,
+                      /*measureOnly=*/false);
 }
 
 }  // namespace

@@ -3,6 +3,8 @@
 #include <memory>
 #include <utility>
 
+#include "graphics/surface_internal.h"
+#include "graphics/text_internal.h"
 #include "ostrel/host.h"
 #include "ostrel/image.h"
 #include "ostrel/input.h"
@@ -20,13 +22,14 @@ namespace {
 
 constexpr int kCancelButton = 0;
 constexpr int kConfirmButton = 1;
-constexpr int kAlignCentre = 1;
 constexpr int kCancelText = 0;  // numbers of the interface texts
 constexpr int kConfirmText = 1;
 // Events of the host's own that pass through a dialog.
 constexpr int kHostEvents[] = {43, 44};
 
-OstrelSurface* loadFromTheme(const char* file) { return LoadOstrelSurface(gThemePath, "./", file); }
+OstrelSurface* loadFromTheme(const char* file) {
+    return LoadOstrelSurface(gThemePath, ostrel::kWorkingDirectory, file);
+}
 
 SDL_Point sizeOf(OstrelSurface* image) {
     return image == nullptr ? SDL_Point{0, 0} : SDL_Point{image->getWidth(), image->getHeight()};
@@ -38,7 +41,7 @@ void drawAt(OstrelSurface* image, const SDL_Rect& place) {
 }
 
 void drawCentred(TTF_Font* font, const SDL_Rect& place, const char* text, SDL_Color colour) {
-    DrawString(font, place, text, colour, kAlignCentre, /*shadow=*/false, /*measureOnly=*/false);
+    DrawString(font, place, text, colour, ostrel::kAlignCentre, /*shadow=*/false, /*measureOnly=*/false);
 }
 
 void drawButton(OstrelSurface* background, const SDL_Rect& place, int textId) {
@@ -122,7 +125,8 @@ void DialogWindow::draw() {
     drawCentred(gPopupFontTitle, layout.title, mTitle.c_str(), gPopupColorTitle);
     if (mMultiLine) {
         SDL_Rect place = layout.message;
-        DrawStringLines(gPopupFontTxt, place, mMessage.c_str(), "\n", gPopupColorTxt, kAlignCentre, /*shadow=*/false);
+        DrawStringLines(gPopupFontTxt, place, mMessage.c_str(), "\n", gPopupColorTxt, ostrel::kAlignCentre,
+                        /*shadow=*/false);
     } else {
         // A single line speaks as loud as the title, and takes its colour.
         drawCentred(gPopupFontTxt, layout.message, mMessage.c_str(), gPopupColorTitle);

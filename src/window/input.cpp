@@ -1,7 +1,5 @@
 #include "ostrel/input.h"
 
-#include <unistd.h>
-
 #include "graphics/screen_internal.h"
 #include "ostrel/host.h"
 #include "ostrel/log.h"
@@ -24,11 +22,9 @@ struct InputState {
 };
 InputState sInput;
 
-bool exists(DevicePath marker) { return access(ostrel::devicePath(marker), F_OK) == 0; }
-
 // Half-pressed modifiers are forgotten when another program takes the input device or lets it go.
 void followInputGrab() {
-    const bool grab = exists(DevicePath::InputGrabMarker);
+    const bool grab = ostrel::deviceFileExists(DevicePath::InputGrabMarker);
     if (grab == sInput.lastGrab && sInput.resetRequest == 0) return;
     sInput.lastGrab = grab;
     sInput.resetRequest = 0;
@@ -109,7 +105,7 @@ int wait_event(SDL_Event* out) {
     followInputGrab();
     SDL_Event event;
     if (SDL_PollEvent(&event) == 0) return KEY_NONE;
-    if (exists(DevicePath::DisplayUpMarker)) return KEY_NONE;
+    if (ostrel::deviceFileExists(DevicePath::DisplayUpMarker)) return KEY_NONE;
     if (clicks(event)) ostrel::playKeyClick();
     if (out != nullptr) *out = event;
     return handle(event);

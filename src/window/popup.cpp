@@ -1,5 +1,6 @@
 #include <memory>
 
+#include "graphics/surface_internal.h"
 #include "ostrel/dialog.h"
 #include "ostrel/host.h"
 #include "ostrel/image.h"
@@ -15,7 +16,7 @@ constexpr int kScreenHeight = 720;
 }  // namespace
 
 PopUpWindow::PopUpWindow(int titleId, TextMenuDrawer* menu, const char* panelFile)
-    : FloatWindow(titleId), mMenu(menu), mPanel(LoadOstrelSurface(gThemePath, "./", panelFile)) {}
+    : FloatWindow(titleId), mMenu(menu), mPanel(LoadOstrelSurface(gThemePath, ostrel::kWorkingDirectory, panelFile)) {}
 
 PopUpWindow::~PopUpWindow() {
     std::unique_ptr<TextMenuDrawer>{mMenu}.reset();

@@ -19,9 +19,9 @@ constexpr int kLabelGap = 10;
 constexpr int kItemGap = 24;
 
 // Numbers of interface strings.
-constexpr int kConfirmText = 4;
-constexpr int kBackText = 5;
-constexpr int kMenuText = 7;
+constexpr int kConfirmHint = 4;
+constexpr int kBackHint = 5;
+constexpr int kMenuHint = 7;
 
 int centredTop(int y, int height) { return y + (kBarHeight - height) / 2 + kSunk; }
 
@@ -41,7 +41,7 @@ int OstrelWindow::drawStatBar(int y) {
     OstrelSurface* confirm = gIconA;
     OstrelSurface* back = gIconB;
     if (GetKeyShm(gShmInfo, SHM_BCONFIRM) != 0) std::swap(confirm, back);  // the texts keep their places
-    const std::pair<OstrelSurface*, int> items[] = {{confirm, kConfirmText}, {back, kBackText}, {gIconMenu, kMenuText}};
+    const std::pair<OstrelSurface*, int> items[] = {{confirm, kConfirmHint}, {back, kBackHint}, {gIconMenu, kMenuHint}};
     int x = kBarLeft;
     for (const auto& [icon, text] : items) {
         if (icon == nullptr) continue;

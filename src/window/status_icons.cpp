@@ -55,8 +55,6 @@ int percentBoxWidth(int percent) {
     return percent < 100 ? 45 : 60;
 }
 
-bool exists(DevicePath path) { return access(ostrel::devicePath(path), F_OK) == 0; }
-
 SDL_Rect slotAt(int x, int y) { return {x, y + kSlotTop, kSlotWidth, kSlotHeight}; }
 
 SDL_Rect itemSlot(int offset, int y) { return slotAt(kSlotLeft - offset, y); }
@@ -137,7 +135,8 @@ int draw_wifi_icon(bool /*enabled*/, int offset, int y) {
 }
 
 int draw_bluetooth_icon(bool /*enabled*/, int offset, int y) {
-    if (exists(DevicePath::BluetoothAddress) && exists(DevicePath::BluetoothReady)) {
+    if (ostrel::deviceFileExists(DevicePath::BluetoothAddress) &&
+        ostrel::deviceFileExists(DevicePath::BluetoothReady)) {
         return drawItem(offset, y, kHeadphoneIcon);
     }
     repaintFromBackground(itemSlot(offset, y));
