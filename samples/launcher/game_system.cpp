@@ -6,7 +6,7 @@
 namespace launcher {
 namespace {
 
-constexpr std::size_t kMostBytes = std::size_t{64} * 1024;
+constexpr std::size_t kMostSystemBytes = std::size_t{64} * 1024;
 constexpr char kFileMark[] = "{file}";
 
 std::string sGamesRoot;
@@ -39,7 +39,7 @@ bool isBelow(const std::string& folder, const std::string& root) {
     return !root.empty() && folder.size() > start.size() && folder.compare(0, start.size(), start) == 0;
 }
 
-JsonTree describe(const std::string& folder) { return readJsonFile(folder + "/" + kSystemFile, kMostBytes); }
+JsonTree describe(const std::string& folder) { return readJsonFile(folder + "/" + kSystemFile, kMostSystemBytes); }
 
 GameSystem systemFrom(const JsonTree& tree, const std::string& folder) {
     GameSystem system{localText(tree.get(), "name"), textIn(tree.get(), "icon"), commandIn(tree.get())};

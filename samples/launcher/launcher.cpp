@@ -20,6 +20,7 @@
 #include "popups.h"
 #include "run_folder.h"
 #include "run_program.h"
+#include "screen_size.h"
 #include "session.h"
 #include "settings_values.h"
 #include "texts.h"
@@ -30,8 +31,6 @@
 namespace launcher {
 namespace {
 
-constexpr int kScreenWidth = 1280;
-constexpr int kScreenHeight = 720;
 constexpr int kScreenDepth = 32;
 constexpr int kLogToTerminal = 0;
 constexpr int kLogToSystem = 1;

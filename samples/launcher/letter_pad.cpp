@@ -10,8 +10,8 @@
 namespace launcher {
 namespace {
 
-constexpr char kKeys[] = "ABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789";
-constexpr int kFixedKeys = static_cast<int>(sizeof(kKeys)) - 1;
+constexpr char kLetters[] = "ABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789";
+constexpr int kFixedKeys = static_cast<int>(sizeof(kLetters)) - 1;
 constexpr int kFixedRows = kFixedKeys / LetterPad::kColumns;
 static_assert(kFixedRows * LetterPad::kColumns == kFixedKeys, "the offered characters have a row of their own");
 
@@ -72,7 +72,7 @@ const NextCharacter& LetterPad::offered(int key) const {
 int LetterPad::count() const { return kFixedKeys + offeredCount(); }
 
 std::string LetterPad::label(int key) const {
-    return key < kFixedKeys ? std::string(1, kKeys[key]) : offered(key).character;
+    return key < kFixedKeys ? std::string(1, kLetters[key]) : offered(key).character;
 }
 
 SDL_Rect LetterPad::place(int key) const {
@@ -82,7 +82,7 @@ SDL_Rect LetterPad::place(int key) const {
 std::string LetterPad::typed(const std::string& word) const {
     if (Utf8String(word.c_str()).length() >= kLongestWord) return word;
     if (mCursor >= kFixedKeys) return offered(mCursor).word;
-    return word + static_cast<char>(std::tolower(static_cast<unsigned char>(kKeys[mCursor])));
+    return word + static_cast<char>(std::tolower(static_cast<unsigned char>(kLetters[mCursor])));
 }
 
 std::string withoutLast(const std::string& word) {

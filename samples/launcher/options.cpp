@@ -12,7 +12,7 @@ namespace fs = std::filesystem;
 namespace launcher {
 namespace {
 
-enum Choice {
+enum OptionCode {
     kHelp = 'h',
     kGames = 256,
     kTheme,

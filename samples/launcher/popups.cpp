@@ -11,6 +11,7 @@
 #include "ostrel/skin.h"
 #include "ostrel/text_menu.h"
 #include "screen_shot.h"
+#include "screen_size.h"
 #include "session.h"
 #include "text_layout.h"
 
@@ -30,7 +31,6 @@ constexpr int kRowHeight = 80;
 constexpr int kRowGap = 8;
 constexpr int kListLeft = 386;
 constexpr int kListWidth = 508;
-constexpr int kScreenHeight = 720;
 
 const Panel& panelFor(std::size_t choices) {
     const Panel* panel = std::find_if(std::begin(kPanels), std::end(kPanels) - 1, [choices](const Panel& each) {

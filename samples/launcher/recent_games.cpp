@@ -10,7 +10,7 @@
 namespace launcher {
 namespace {
 
-constexpr std::size_t kMostBytes = std::size_t{2} * 1024 * 1024;  // fifty of the longest paths, escaped throughout
+constexpr std::size_t kMostListBytes = std::size_t{2} * 1024 * 1024;  // fifty of the longest paths, escaped throughout
 
 int sVersion = 0;
 
@@ -28,7 +28,7 @@ RecentGame gameFrom(const cJSON* entry) {
 
 std::vector<RecentGame> readList() {
     std::vector<RecentGame> games;
-    const JsonTree tree = readJsonFile(listFile(), kMostBytes);
+    const JsonTree tree = readJsonFile(listFile(), kMostListBytes);
     if (cJSON_IsArray(tree.get()) == 0) return games;
     const cJSON* entry = nullptr;
     cJSON_ArrayForEach(entry, tree.get()) {

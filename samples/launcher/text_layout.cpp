@@ -10,7 +10,7 @@
 namespace launcher {
 namespace {
 
-constexpr std::size_t kMostBytes = 4096;
+constexpr std::size_t kMostTextBytes = 4096;
 
 bool isContinuation(char c) { return (static_cast<unsigned char>(c) & 0xC0U) == 0x80U; }
 
@@ -65,7 +65,7 @@ std::string readTextStart(const std::string& path) {
     std::error_code error;
     if (!std::filesystem::is_regular_file(path, error)) return "";  // a pipe would keep us waiting for ever
     std::ifstream file(path, std::ios::binary);
-    std::string text(kMostBytes, '\0');
+    std::string text(kMostTextBytes, '\0');
     file.read(text.data(), static_cast<std::streamsize>(text.size()));
     text.resize(static_cast<std::size_t>(std::max<std::streamsize>(file.gcount(), 0)));
     text.erase(std::remove(text.begin(), text.end(), '\r'), text.end());

@@ -1,4 +1,4 @@
-/// @file  text_layout.h: text cut to the width of its place, and the start of a text file.
+/// @file  text_layout.h: where text stands in its place, text cut to its width, and the start of a text file.
 #pragma once
 #include <SDL_ttf.h>
 
@@ -6,6 +6,12 @@
 #include <vector>
 
 namespace launcher {
+
+/// How DrawString places a text in its rectangle.
+constexpr int kAlignTopLeft = 0;
+constexpr int kAlignCentre = 1;  // both ways
+constexpr int kAlignLeft = 3;    // in the middle from top to bottom
+constexpr int kAlignRight = 4;   // likewise
 
 /// @p text, or its beginning and "..." when it is wider than a place of @p width pixels.
 std::string cutToFit(TTF_Font* font, const std::string& text, int width);

@@ -24,7 +24,7 @@ const ColourRow kColours[] = {
     {"gPopupColorTitle", &gPopupColorTitle},
 };
 
-constexpr std::size_t kMostBytes = std::size_t{64} * 1024;  // of the colours
+constexpr std::size_t kMostColourBytes = std::size_t{64} * 1024;  // of the colours
 
 std::string sThemePath;
 
@@ -60,7 +60,7 @@ void freeSkin() {
 }
 
 void applyThemeColours(const std::string& themeDir) {
-    const JsonTree root = readJsonFile(themeDir + "colours.json", kMostBytes);
+    const JsonTree root = readJsonFile(themeDir + "colours.json", kMostColourBytes);
     for (const ColourRow& row : kColours) {
         const cJSON* colour = memberIn(root.get(), row.name);
         if (cJSON_GetArraySize(colour) != 4) continue;

@@ -16,7 +16,7 @@ struct KeyRow {
     const char* name;
     SDL_Keycode key;
 };
-constexpr KeyRow kKeys[] = {
+constexpr KeyRow kKeyNames[] = {
     {"a", SDLK_SPACE},      {"b", SDLK_LCTRL},      {"x", SDLK_LSHIFT},    {"y", SDLK_LALT},    {"l", SDLK_TAB},
     {"r", SDLK_BACKSPACE},  {"up", SDLK_UP},        {"down", SDLK_DOWN},   {"left", SDLK_LEFT}, {"right", SDLK_RIGHT},
     {"start", SDLK_RETURN}, {"select", SDLK_RCTRL}, {"menu", SDLK_ESCAPE},
@@ -29,7 +29,7 @@ bool isDirection(SDL_Keycode key) {
 bool readKey(std::istream& words, VisitStep& step) {
     std::string name;
     words >> name;
-    for (const KeyRow& row : kKeys) {
+    for (const KeyRow& row : kKeyNames) {
         if (name != row.name) continue;
         step.key = row.key;
         return true;

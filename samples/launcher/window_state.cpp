@@ -18,7 +18,7 @@ namespace fs = std::filesystem;
 namespace launcher {
 namespace {
 
-constexpr std::size_t kMostBytes = std::size_t{1024} * 1024;  // of the saved stack
+constexpr std::size_t kMostStateBytes = std::size_t{1024} * 1024;  // of the saved stack
 
 int numberMember(const cJSON* state, const char* name, int otherwise) {
     const cJSON* item = memberIn(state, name);
@@ -70,7 +70,7 @@ OstrelWindow* restoreWindow(const cJSON* state, const Options& options) {
     }
 }
 
-JsonTree readState() { return readJsonFile(dataFile("windows.json"), kMostBytes); }
+JsonTree readState() { return readJsonFile(dataFile("windows.json"), kMostStateBytes); }
 
 std::vector<OstrelWindow*> firstWindows(const Options& options) {
     return {new HomeWindow(options.gamesDir), new GamesWindow(options.gamesDir, "")};

@@ -6,7 +6,6 @@
 #include "ostrel/language.h"
 #include "ostrel/log.h"
 #include "ostrel/skin.h"
-#include "ostrel/surface.h"
 #include "ostrel/text.h"
 #include "text_layout.h"
 
@@ -16,32 +15,26 @@ namespace {
 constexpr uint64_t kReadEveryMs = 1000;
 
 constexpr SDL_Rect kPage{40, 84, 1200, 560};
-constexpr int kRowHeight = 80;
+constexpr int kPageRowHeight = 80;
 constexpr int kValueLeft = 440;
-constexpr int kValueWidth = 520;
+constexpr int kShortValueWidth = 520;
 constexpr SDL_Point kMeterSize{240, 8};
 constexpr int kRuleHeight = 2;
-constexpr Uint8 kFaint = 56;
-constexpr Uint8 kSolid = 255;
-constexpr int kAlignLeftMiddle = 3;
-
-void fill(SDL_Rect place, SDL_Color colour, Uint8 alpha) {
-    FillRect(nullptr, &place, colour.r, colour.g, colour.b, alpha);
-}
+constexpr Uint8 kEmptyMeter = 56;
 
 void drawMeter(int y, int percent) {
-    SDL_Rect bar{kPage.x + kPage.w - kMeterSize.x, y + (kRowHeight - kMeterSize.y) / 2, kMeterSize.x, kMeterSize.y};
-    fill(bar, gListColorSubtxt, kFaint);
+    SDL_Rect bar{kPage.x + kPage.w - kMeterSize.x, y + (kPageRowHeight - kMeterSize.y) / 2, kMeterSize.x, kMeterSize.y};
+    fillPlace(bar, gListColorSubtxt, kEmptyMeter);
     bar.w = bar.w * percent / 100;
-    fill(bar, gHighlightColor, kSolid);
+    fillPlace(bar, gHighlightColor, kSolid);
 }
 
 void drawLine(const AboutLine& line, int y) {
-    const int valueWidth = line.percent < 0 ? kPage.x + kPage.w - kValueLeft : kValueWidth;
+    const int valueWidth = line.percent < 0 ? kPage.x + kPage.w - kValueLeft : kShortValueWidth;
     const std::string value = cutToFit(gListFontTxt, line.value, valueWidth);
-    DrawString(gListFontTxt, {kPage.x, y, 0, kRowHeight}, getLangStr(line.label), gListColorSubtxt, kAlignLeftMiddle,
+    DrawString(gListFontTxt, {kPage.x, y, 0, kPageRowHeight}, getLangStr(line.label), gListColorSubtxt, kAlignLeft,
                /*shadow=*/false, /*measureOnly=*/false);
-    DrawString(gListFontTxt, {kValueLeft, y, 0, kRowHeight}, value.c_str(), gListColorTxt, kAlignLeftMiddle,
+    DrawString(gListFontTxt, {kValueLeft, y, 0, kPageRowHeight}, value.c_str(), gListColorTxt, kAlignLeft,
                /*shadow=*/false, /*measureOnly=*/false);
     if (line.percent >= 0) drawMeter(y, line.percent);
 }
@@ -71,9 +64,9 @@ void AboutWindow::draw() {
     LauncherWindow::draw();
     int y = kPage.y;
     for (const AboutLine& line : mLines) {
-        if (y > kPage.y) fill({kPage.x, y - kRuleHeight / 2, kPage.w, kRuleHeight}, gListColorSubtxt, kFaint);
+        if (y > kPage.y) fillPlace({kPage.x, y - kRuleHeight / 2, kPage.w, kRuleHeight}, gListColorSubtxt, kEmptyMeter);
         drawLine(line, y);
-        y += kRowHeight;
+        y += kPageRowHeight;
     }
     drawHints({{backButton(), kTextBack}});
 }

@@ -20,7 +20,6 @@ constexpr SDL_Rect kArt{kPanel.x + (kPanel.w - kPanelArtWidth) / 2, 100, kPanelA
 constexpr int kLineMargin = 20;
 constexpr SDL_Rect kUpperLine{kPanel.x + kLineMargin, 564, kPanel.w - 2 * kLineMargin, 32};
 constexpr SDL_Rect kLowerLine{kPanel.x + kLineMargin, 602, kPanel.w - 2 * kLineMargin, 32};
-constexpr int kAlignCentre = 1;
 constexpr int kBoostMs = 300;  // until all pictures are there
 
 void drawCentred(OstrelSurface& image, const SDL_Rect& box) {

@@ -2,6 +2,8 @@
 #pragma once
 #include <string>
 
+#include "windows/launcher_window.h"
+
 namespace launcher {
 
 class GameRow;
@@ -10,6 +12,7 @@ class GameRow;
 constexpr const char* kHalfRowFocused = "skin/bg-half-f.png";
 constexpr const char* kHalfRowNormal = "skin/bg-half-n.png";
 constexpr int kHalfListWidth = 860;
+constexpr SDL_Rect kHalfListPlace{kListPlace.x, kListPlace.y, kHalfListWidth, kListPlace.h};
 
 /// Draws the panel at the right of the screen.
 class ArtPanel {

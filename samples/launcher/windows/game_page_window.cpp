@@ -32,10 +32,9 @@ constexpr int kRuleGap = 18;
 constexpr Uint8 kRuleAlpha = 64;
 constexpr int kBottom = 650;  // where the hint row begins
 constexpr std::size_t kMostLines = 8;
-constexpr int kAlignLeft = 0;
 
 void drawLine(TTF_Font* font, int x, int y, const std::string& text, SDL_Color colour) {
-    DrawString(font, {x, y, kTextRight - x, 0}, text.c_str(), colour, kAlignLeft, /*shadow=*/false,
+    DrawString(font, {x, y, kTextRight - x, 0}, text.c_str(), colour, kAlignTopLeft, /*shadow=*/false,
                /*measureOnly=*/false);
 }
 
@@ -96,7 +95,7 @@ int GamePageWindow::drawName() {
     }
     drawLine(gListFontSubtxt, kNameLeft, y, mGame.kind(), gListColorSubtxt);
     SDL_Rect rule{kTextLeft, y + kKindHeight + kRuleGap, textWidth(), 2};
-    FillRect(nullptr, &rule, gListColorSubtxt.r, gListColorSubtxt.g, gListColorSubtxt.b, kRuleAlpha);
+    fillPlace(rule, gListColorSubtxt, kRuleAlpha);
     return rule.y + kRuleGap;
 }
 

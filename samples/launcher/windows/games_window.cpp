@@ -19,7 +19,6 @@ namespace fs = std::filesystem;
 namespace launcher {
 namespace {
 
-constexpr SDL_Rect kPlace{kListPlace.x, kListPlace.y, kHalfListWidth, kListPlace.h};
 constexpr uint64_t kLookEveryMs = 1000;
 
 bool canBeRead(const std::string& folder) {
@@ -39,7 +38,7 @@ GamesWindow::GamesWindow(const std::string& baseDir, const std::string& startDir
     : LauncherWindow(kGamesWindow, kTextNone),
       mMenu(baseDir.c_str(), startDir.empty() ? nullptr : startDir.c_str(), kHalfRowFocused, kHalfRowNormal,
             /*ySpace=*/kListGap, /*rowsPerPage=*/kListRows) {
-    SDL_Rect place = kPlace;
+    SDL_Rect place = kHalfListPlace;
     mMenu.updateRectAndNum(place, kListRows);
     mMenu.LoadDir();
     folderChanged();

@@ -23,7 +23,7 @@ namespace {
 // Six rows of one line, as high as the theme's plain row images.
 constexpr int kRows = 6;
 constexpr int kGap = 8;
-constexpr SDL_Rect kPlace{0, 80, 1280, 568};
+constexpr SDL_Rect kHomePlace{0, 80, 1280, 568};
 constexpr const char* kFocused = "skin/bg-list-f.png";
 constexpr const char* kNormal = "skin/bg-list-n.png";
 
@@ -59,7 +59,7 @@ private:
 
 HomeWindow::HomeWindow(std::string gamesDir)
     : LauncherWindow(kHomeWindow, kTextHome), mMenu(kFocused, kNormal, kRows, kGap), mGamesDir(std::move(gamesDir)) {
-    SDL_Rect place = kPlace;
+    SDL_Rect place = kHomePlace;
     mMenu.updateRectAndNum(place, kRows);
     mMenu.showListNum = false;
     mMenu.showStatNum = false;

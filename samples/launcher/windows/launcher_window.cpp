@@ -8,6 +8,7 @@
 #include "ostrel/image.h"
 #include "ostrel/language.h"
 #include "ostrel/skin.h"
+#include "ostrel/surface.h"
 #include "ostrel/text.h"
 #include "ostrel/text_menu_drawer.h"
 #include "screen_shot.h"
@@ -25,8 +26,6 @@ constexpr SDL_Rect kNote{640, 19, 0, 32};  // in line with the status items
 constexpr int kHintLeft = 30;
 constexpr int kHintTop = 650;
 constexpr int kHintGap = 40;
-constexpr int kAlignCentre = 1;
-constexpr int kAlignRightMiddle = 4;
 
 std::vector<LauncherWindow*> sWindows;
 
@@ -35,7 +34,7 @@ int drawNote(const std::string& text, int right, SDL_Color colour) {
     if (text.empty()) return right;
     SDL_Rect place = kNote;
     place.w = right - place.x;
-    const int width = DrawString(gNavFontIcon, place, text.c_str(), colour, kAlignRightMiddle, /*shadow=*/false,
+    const int width = DrawString(gNavFontIcon, place, text.c_str(), colour, kAlignRight, /*shadow=*/false,
                                  /*measureOnly=*/false);
     return width == 0 ? right : right - width - kNoteGap;
 }
@@ -46,6 +45,10 @@ void replaceImage(OstrelSurface*& image, const char* name) {
 }
 
 }  // namespace
+
+void fillPlace(SDL_Rect place, SDL_Color colour, Uint8 alpha) {
+    FillRect(nullptr, &place, colour.r, colour.g, colour.b, alpha);
+}
 
 LauncherWindow::LauncherWindow(WindowType windowType, Text titleText) : OstrelWindow(titleText, windowType) {
     sWindows.push_back(this);

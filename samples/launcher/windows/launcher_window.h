@@ -73,6 +73,10 @@ private:
     void drawHeading();
 };
 
+/// Fills a place of the screen. @param alpha 0..255: how much of what stands there it covers.
+void fillPlace(SDL_Rect place, SDL_Color colour, Uint8 alpha);
+constexpr Uint8 kSolid = 255;
+
 /// Where lists stand, between the bars: five rows of 108 pixels with room for two lines of text, 8 pixels apart.
 constexpr SDL_Rect kListPlace{0, 80, 1280, 572};
 constexpr int kListRows = 5;

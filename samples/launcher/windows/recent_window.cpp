@@ -17,8 +17,6 @@
 namespace launcher {
 namespace {
 
-constexpr SDL_Rect kPlace{kListPlace.x, kListPlace.y, kHalfListWidth, kListPlace.h};
-
 // A game that tells how often it was played.
 class RecentRow : public GameRow {
 public:
@@ -34,7 +32,7 @@ private:
 
 RecentWindow::RecentWindow()
     : LauncherWindow(kRecentWindow, kTextRecent), mMenu(kHalfRowFocused, kHalfRowNormal, kListRows, kListGap) {
-    SDL_Rect place = kPlace;
+    SDL_Rect place = kHalfListPlace;
     mMenu.updateRectAndNum(place, kListRows);
     fill();
 }

@@ -10,7 +10,6 @@
 #include "ostrel/input.h"
 #include "ostrel/language.h"
 #include "ostrel/skin.h"
-#include "ostrel/surface.h"
 #include "ostrel/text.h"
 #include "ostrel/text_menu_drawer.h"
 #include "ostrel/utf8_string.h"
@@ -31,10 +30,7 @@ constexpr SDL_Point kCaret{3, 36};
 constexpr int kCaretGap = 8;
 constexpr SDL_Rect kPageDot{0, 614, 8, 8};  // below the keys
 constexpr int kPageDotStep = 20;
-constexpr Uint8 kFaint = 72;
-constexpr Uint8 kSolid = 255;
-constexpr int kAlignCentre = 1;
-constexpr int kAlignLeftMiddle = 3;
+constexpr Uint8 kOtherDot = 72;
 
 constexpr std::size_t kMostOffered = 60;
 
@@ -70,10 +66,6 @@ public:
 private:
     std::vector<GameRow*> mRows;
 };
-
-void fill(SDL_Rect place, SDL_Color colour, Uint8 alpha) {
-    FillRect(nullptr, &place, colour.r, colour.g, colour.b, alpha);
-}
 
 int drawText(TTF_Font* font, const SDL_Rect& place, const char* text, SDL_Color colour, int align) {
     return DrawString(font, place, text, colour, align, /*shadow=*/false, /*measureOnly=*/false);
@@ -222,13 +214,13 @@ void SearchWindow::drawField() const {
     if (mParts->word.empty()) {
         const std::string hint = cutToFit(gListFontSubtxt, getLangStr(kTextTypeToSearch), text.w);
         drawText(gListFontSubtxt, {text.x + kCaretGap, text.y, text.w, text.h}, hint.c_str(), gListColorSubtxt,
-                 kAlignLeftMiddle);
+                 kAlignLeft);
     } else {
         const std::string shown = endThatFits(mParts->word, text.w - kCaretGap);
-        caretX += drawText(gListFontTxt, text, shown.c_str(), gListColorTxt, kAlignLeftMiddle) + kCaretGap;
+        caretX += drawText(gListFontTxt, text, shown.c_str(), gListColorTxt, kAlignLeft) + kCaretGap;
     }
     if (mParts->inResults) return;
-    fill({caretX - kCaret.x, kField.y + (kField.h - kCaret.y) / 2, kCaret.x, kCaret.y}, gHighlightColor, kSolid);
+    fillPlace({caretX - kCaret.x, kField.y + (kField.h - kCaret.y) / 2, kCaret.x, kCaret.y}, gHighlightColor, kSolid);
 }
 
 void SearchWindow::drawKeys() const {
@@ -248,7 +240,7 @@ void SearchWindow::drawPages() const {
     dot.x = kField.x + (kField.w - kPageDotStep * (pages - 1) - dot.w) / 2;
     for (int page = 0; page < pages; ++page, dot.x += kPageDotStep) {
         const bool shown = page == mParts->pad.page();
-        fill(dot, shown ? gHighlightColor : gListColorSubtxt, shown ? kSolid : kFaint);
+        fillPlace(dot, shown ? gHighlightColor : gListColorSubtxt, shown ? kSolid : kOtherDot);
     }
 }
 

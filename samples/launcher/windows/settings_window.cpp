@@ -21,11 +21,10 @@ namespace launcher {
 namespace {
 
 // Six rows of 96, as SettingMenu draws them, end where the hint row's buttons begin.
-constexpr SDL_Rect kPlace{0, 76, 1280, 576};
+constexpr SDL_Rect kSettingsPlace{0, 76, 1280, 576};
 constexpr int kTailGap = 25;  // right of the tail icon
 constexpr int kValueGap = 16;
-constexpr int kValueWidth = 500;
-constexpr int kAlignRightMiddle = 4;
+constexpr int kWidestValue = 500;
 
 // The confirm key on a row of values: as Right.
 class NextValue : public Action {
@@ -73,15 +72,15 @@ class LanguageRow : public SettingItem {
 public:
     LanguageRow(OstrelSurface* selected, OstrelSurface* normal)
         : SettingItem(selected, normal, kTextLanguage, /*valueText=*/nullptr, new ChooseLanguage),
-          mValue(cutToFit(gListFontTxt, languageName(), kValueWidth)) {
+          mValue(cutToFit(gListFontTxt, languageName(), kWidestValue)) {
         tailIcon = icons().next.get();
     }
     int draw(SDL_Rect& rect, bool selected) override {
         SettingItem::draw(rect, selected);
         const int arrow = tailIcon == nullptr ? 0 : tailIcon->getWidth();
         const int right = rect.x + rect.w - kTailGap - arrow - kValueGap;
-        DrawString(gListFontTxt, {right - kValueWidth, rect.y, kValueWidth, rect.h}, mValue.c_str(), gListColorTxt,
-                   kAlignRightMiddle, /*shadow=*/false, /*measureOnly=*/false);
+        DrawString(gListFontTxt, {right - kWidestValue, rect.y, kWidestValue, rect.h}, mValue.c_str(), gListColorTxt,
+                   kAlignRight, /*shadow=*/false, /*measureOnly=*/false);
         return 0;
     }
 
@@ -113,7 +112,7 @@ SettingsWindow::SettingsWindow() : LauncherWindow(kSettingsWindow, kTextSettings
 // Rows hold images and texts, so they are made anew when those have changed. The player stays where they were.
 void SettingsWindow::fill() {
     auto menu = std::make_unique<SettingMenu>();
-    SDL_Rect place = kPlace;
+    SDL_Rect place = kSettingsPlace;
     menu->setRect(place);
     for (const Setting& setting : settings()) menu->insertSettingItem(makeRow(setting));
     if (mMenu != nullptr) menu->restorePos(mMenu->mCurIndex, mMenu->mFirstIndex, mMenu->mLastIndex);
