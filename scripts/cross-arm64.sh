@@ -25,7 +25,7 @@ main() {
     install_packages "${BUILD_PACKAGES[@]}" "${TEST_PACKAGES[@]}"
     allow_packages_of arm64
     install_packages "${ARM64_PACKAGES[@]}"
-    configure_and_build "$preset"
+    configure_and_build "$preset" -DCMAKE_UNITY_BUILD=ON  # several sources at once, in a third of the time
     [[ $tests == no ]] || run_ctest "$preset" "$@"
 }
 

@@ -69,7 +69,7 @@ done
 prepare
 cross 0
 not_called '^apt-get\|--add-architecture'
-called '^cmake --preset arm64$'
+called '^cmake --preset arm64 '
 called '^cmake --build --preset arm64 '
 called '^ctest --preset arm64 --parallel [0-9]*$'
 
