@@ -46,4 +46,15 @@ bare_system 'echo "the bare system is ready"'
 expect_status 1 test_packages "$work/debs" "$work/shots"
 expect_part "$said" '01-games.png is no picture'
 
+# Packages of the other processor need its libraries in the bare system, and an emulator.
+expect_status 2 test_packages --arm64 "$work/none"
+touch "$work/debs/"{libostrel1,libostrel-dev,ostrel-launcher}"_1_arm64.deb"
+bare_system "printf '%s\n' \"\$@\" >'$work/words'; exit 25"
+expect_status 77 test_packages --arm64 "$work/debs" "$work/shots"
+expect_line "$(cat "$work/words")" "--architectures=$arch,arm64"
+expect_part "$(cat "$work/words")" '/libostrel1_1_arm64.deb'
+expect_part "$(cat "$work/words")" ' qemu-aarch64 /usr/bin/ostrel-visit --visit '
+expect_status 77 test_packages "$work/debs" "$work/shots"
+[[ $arch == arm64 || $(cat "$work/words") != *arm64* ]] || complain 'the other processor without being asked for'
+
 exit $((failures > 0))
