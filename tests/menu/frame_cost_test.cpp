@@ -108,8 +108,6 @@ protected:
     }
 };
 
-}  // namespace
-
 TEST_F(FrameCostTest, AFrameThatRepeatsItselfOpensNoImageAndRendersNoText) {
     TextMenu menu("skin/f.png", "skin/n.png", 6, 10);
     fill(menu);
@@ -251,3 +249,5 @@ TEST_F(FrameCostTest, AMoveInAListOfManyItemsAsksForNoMemory) {
               }),
               0);
 }
+
+}  // namespace

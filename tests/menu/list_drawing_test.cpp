@@ -104,8 +104,6 @@ std::unique_ptr<OstrelSurface> stripes(int width, int height) {
     return std::make_unique<SDL2OstrelSurface>(SDL_CreateTextureFromSurface(gRenderer, pixels), pixels);
 }
 
-}  // namespace
-
 TEST_F(ListDrawingTest, TheFontHasTheHeightsThatThePlacesBelowCountOn) {
     ASSERT_NE(gListFontTxt, nullptr);
     EXPECT_EQ(TTF_FontHeight(gListFontTxt), 43);
@@ -738,3 +736,5 @@ TEST_F(ListDrawingTest, ACursorPastTheEndOfAShrunkenListMarksNoRow) {
     EXPECT_EQ(menu->mFirstIndex, 0);
     EXPECT_EQ(menu->mLastIndex, 4);
 }
+
+}  // namespace

@@ -92,8 +92,6 @@ protected:
     }
 };
 
-}  // namespace
-
 TEST_F(ListMenuTest, StartsShownWrappingAndFocusedOnItsFirstRow) {
     for (const bool flag : {true, false}) {
         const CountedList list(10, flag);
@@ -586,3 +584,5 @@ TEST_F(ListMenuTest, TheFieldsHaveTheirPlaces) {
     EXPECT_EQ(offsetIn(list, list.mPressedKeys), 80);
     EXPECT_EQ(offsetIn(list, list.mFocus), 104);
 }
+
+}  // namespace

@@ -51,8 +51,6 @@ protected:
     }
 };
 
-}  // namespace
-
 TEST_F(ListPicturesTest, NumberedRowsScrolledToTheLastPage) {
     TextMenu menu("skin/bg-list-f.png", "skin/bg-list-n.png", 6, 10);
     for (const char* label : {"Air Combat", "Boulder Run", "Castle of Mist", "Deep Dive 2", "Express 1905",
@@ -103,3 +101,5 @@ TEST_F(ListPicturesTest, RowsOfTwoLines) {
     menu.mCurIndex = 1;
     EXPECT_TRUE(matchesReference(screen(menu), "menu/list_two_lines", kBlendingTolerance));
 }
+
+}  // namespace

@@ -54,8 +54,6 @@ std::string iconLine(const char* label) {
     return line;
 }
 
-}  // namespace
-
 TEST_F(MenuItemTest, TheSecondActionDoesNothingAndSucceeds) {
     GeneralAction action(&add, nullptr);
     EXPECT_EQ(action.xdowork(nullptr), 0);
@@ -329,3 +327,5 @@ TEST_F(MenuItemTest, TheOperationsOfASettingsRowHaveTheirSlots) {
     const PlainRow row(nullptr);
     EXPECT_EQ(offsetIn(row, row.action), 8);
 }
+
+}  // namespace

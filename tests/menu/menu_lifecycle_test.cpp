@@ -71,8 +71,6 @@ protected:
     }
 };
 
-}  // namespace
-
 TEST_F(MenuLifecycleTest, AListThatChangesItsThemeLooksLikeOneThatIsMadeInIt) {
     const auto menu = newMenu();
     const Picture blue = drawn(*menu);
@@ -149,3 +147,5 @@ TEST_F(MenuLifecycleTest, ASettingsPageMayOutliveTheScreen) {
     menu.draw();
     EXPECT_EQ(menu.getListNum(), 1);
 }
+
+}  // namespace

@@ -35,8 +35,6 @@ protected:
     TextMenuItem row{"", nullptr, nullptr, false};
 };
 
-}  // namespace
-
 TEST_F(SearchHighlightTest, NoKeywordHighlightsNothing) { EXPECT_EQ(find("", "Racing"), kNoHit); }
 
 TEST_F(SearchHighlightTest, AnEmptyLabelHasNoHit) { EXPECT_EQ(find("a", ""), kNoHit); }
@@ -155,3 +153,5 @@ TEST_F(SearchHighlightTest, AnInvalidKeywordHasNoHitOrItsOwnBytes) {
     EXPECT_EQ(find("\xFF", "Racing"), kNoHit);
     EXPECT_EQ(find("\xE4", "a\xE4"), (ByteRun{1, 1}));
 }
+
+}  // namespace

@@ -107,8 +107,6 @@ private:
     std::unique_ptr<OstrelSurface> mImages[kImageCount];
 };
 
-}  // namespace
-
 TEST_F(SettingPicturesTest, TheCursorOnAValue) {
     EXPECT_TRUE(matchesReference(pageWithCursorOn(1), "menu/setting_value", kBlendingTolerance));
 }
@@ -116,3 +114,5 @@ TEST_F(SettingPicturesTest, TheCursorOnAValue) {
 TEST_F(SettingPicturesTest, TheCursorOnASwitch) {
     EXPECT_TRUE(matchesReference(pageWithCursorOn(2), "menu/setting_switch", kBlendingTolerance));
 }
+
+}  // namespace

@@ -74,8 +74,6 @@ std::string doworkLine(const char* label, const void* item) {
     return line;
 }
 
-}  // namespace
-
 TEST_F(TextMenuDrawerTest, SixRowsWithAGapOfTenAre88High) {
     const TextMenu menu(nullptr, nullptr, 6, 10);
     EXPECT_EQ(menu.mItemHeight, 88);
@@ -446,3 +444,5 @@ TEST_F(TextMenuDrawerTest, TheListDoesNotFreeItsMarker) {
 TEST_F(TextMenuDrawerTest, TheNumberHasTheSlotBehindThoseOfTheList) {
     EXPECT_EQ(slotOf(&TextMenuDrawer::drawListNum), 20);
 }
+
+}  // namespace

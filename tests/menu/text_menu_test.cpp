@@ -52,8 +52,6 @@ int alwaysLater(void* a, void* b) {
     return 1;
 }
 
-}  // namespace
-
 TEST_F(TextMenuTest, StartsEmptyWithTheDrawersMeasures) {
     EXPECT_EQ(menu.getListNum(), 0);
     EXPECT_EQ(menu.mItemHeight, 88);
@@ -328,3 +326,5 @@ TEST_F(TextMenuTest, TheFieldsHaveTheirPlaces) {
     EXPECT_EQ(offsetIn(menu, menu.textMode), 340);
     EXPECT_EQ(offsetIn(menu, menu.items), 344);
 }
+
+}  // namespace

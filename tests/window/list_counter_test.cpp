@@ -43,8 +43,6 @@ protected:
     }
 };
 
-}  // namespace
-
 TEST_F(ListCounterTest, ShowsIndexAndTotalEndingAtX1256) {
     EXPECT_TRUE(picturesMatch(counter(9, 12), words("9/", "12", 672)));
     const SDL_Rect bounds = counter(9, 12).boundsOfAllBut({0, 0, 0, 255});
@@ -67,3 +65,5 @@ TEST_F(ListCounterTest, WithoutAFontNothingIsDrawn) {
     uninit_shared_skin();
     EXPECT_EQ(counter(1, 2).count({0, 0, 0, 255}), 1280 * 720);
 }
+
+}  // namespace

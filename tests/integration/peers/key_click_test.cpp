@@ -111,8 +111,6 @@ private:
     Mix_Chunk* mClick = nullptr;
 };
 
-}  // namespace
-
 TEST_F(KeyClickSoundTest, AButtonIsHeardOnceSampleBySample) {
     pressA();
     Samples sound = heard();
@@ -152,3 +150,5 @@ TEST_F(KeyClickSoundTest, TheKeyboardIsSilent) {
     EXPECT_GT(sound.size(), 0U);
     EXPECT_TRUE(isSilence(sound));
 }
+
+}  // namespace

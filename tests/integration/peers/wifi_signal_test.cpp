@@ -100,8 +100,6 @@ protected:
 // An answer fills at most one byte less than the 4096 that the tool has room for.
 std::string ofFullLength(const std::string& last) { return std::string(4095 - last.size(), '.') + last; }
 
-}  // namespace
-
 TEST_F(WifiSignalTest, AConnectionWithItsSignalIsReadFieldByField) {
     const WpaMsg record = recordOf(kConnected, kSignal);
     EXPECT_EQ(record.state, 4);
@@ -142,3 +140,5 @@ TEST_F(WifiSignalTest, ASignalThatFadesLosesItsBars) {
     EXPECT_EQ(rssi2Level(recordOf(kConnected, "RSSI=-81\n").rssi), 1);
     EXPECT_EQ(rssi2Level(recordOf(kConnected, "RSSI=-127\n").rssi), 0);
 }
+
+}  // namespace

@@ -71,8 +71,6 @@ Picture headlessPicture() {
     return picture;
 }
 
-}  // namespace
-
 TEST_F(X11Test, TheKeysOfAKeyboardMakeThePictureThatTheyMakeHeadless) {
     const XServer server;
     Program window("/usr/bin/env", server.commandLine(typedWindow()));
@@ -104,3 +102,5 @@ TEST_F(X11Test, WithoutAnXServerThereIsNoScreen) {
                    {"DISPLAY=:no-such-server", "SDL_VIDEODRIVER=x11", OSTREL_TYPED_WINDOW, device().root()});
     EXPECT_EQ(window.wait(), 1) << window.output();
 }
+
+}  // namespace
