@@ -21,6 +21,10 @@ namespace {
 using ostreltest::Canvas;
 using ostreltest::Colour;
 using ostreltest::host;
+using ostreltest::kBlack;
+using ostreltest::kBlue;
+using ostreltest::kGreen;
+using ostreltest::kRed;
 using ostreltest::LogCapture;
 using ostreltest::Picture;
 using ostreltest::picturesMatch;
@@ -33,11 +37,6 @@ using ostreltest::writeJpeg;
 
 using Lines = std::vector<std::string>;
 using Surface = std::unique_ptr<SDL2OstrelSurface>;
-
-constexpr Colour kBlack{0, 0, 0, 255};
-constexpr Colour kRed{255, 0, 0, 255};
-constexpr Colour kGreen{0, 255, 0, 255};
-constexpr Colour kBlue{0, 0, 255, 255};
 
 // Red on the left, blue on the right.
 Picture twoColours(int width, int height) {

@@ -12,14 +12,12 @@ namespace {
 
 using ostrel::liveRenderer;
 using ostreltest::Canvas;
-using ostreltest::Colour;
 using ostreltest::DeviceTest;
+using ostreltest::kBlue;
+using ostreltest::kRed;
 using ostreltest::Picture;
 using ostreltest::plainSurface;
 using ostreltest::ScreenTest;
-
-constexpr Colour kRed{255, 0, 0, 255};
-constexpr Colour kBlue{0, 0, 255, 255};
 
 class ScreenInside : public ScreenTest {
 protected:

@@ -13,14 +13,12 @@
 
 namespace {
 
-using ostreltest::Colour;
 using ostreltest::DeviceTest;
+using ostreltest::kRed;
 using ostreltest::LogCapture;
 using ostreltest::Picture;
 using ostreltest::plainSurface;
 using ostreltest::SdlSpy;
-
-constexpr Colour kRed{255, 0, 0, 255};
 
 class ScreenLifecycle : public DeviceTest {
 protected:

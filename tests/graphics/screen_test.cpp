@@ -16,16 +16,15 @@ namespace {
 using ostreltest::Canvas;
 using ostreltest::Colour;
 using ostreltest::DeviceTest;
+using ostreltest::kBlack;
+using ostreltest::kBlue;
+using ostreltest::kRed;
 using ostreltest::LogCapture;
 using ostreltest::Picture;
 using ostreltest::picturesMatch;
 using ostreltest::plainSurface;
 using ostreltest::ScreenTest;
 using ostreltest::SdlSpy;
-
-constexpr Colour kBlack{0, 0, 0, 255};
-constexpr Colour kRed{255, 0, 0, 255};
-constexpr Colour kBlue{0, 0, 255, 255};
 
 std::string addressText(const void* address) {
     char text[32];

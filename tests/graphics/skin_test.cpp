@@ -17,14 +17,13 @@ namespace {
 
 using ostreltest::DeviceTest;
 using ostreltest::host;
+using ostreltest::kWhite;
 using ostreltest::LogCapture;
 using ostreltest::plainSurface;
 using ostreltest::ScreenTest;
 using ostreltest::SdlSpy;
 using ostreltest::writePlainPng;
 using Lines = std::vector<std::string>;
-
-constexpr SDL_Color kWhite{255, 255, 255, 255};
 
 constexpr const char* kFiles[] = {
     "skin/ic-video.png",   "skin/ic-folder.png", "skin/bg.png",     "skin/icon-back.png",

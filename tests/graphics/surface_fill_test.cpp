@@ -9,13 +9,12 @@ namespace {
 
 using ostreltest::Canvas;
 using ostreltest::Colour;
+using ostreltest::kBlack;
+using ostreltest::kBlue;
+using ostreltest::kRed;
 using ostreltest::Picture;
 using ostreltest::plainSurface;
 using ostreltest::ScreenTest;
-
-constexpr Colour kBlack{0, 0, 0, 255};
-constexpr Colour kRed{255, 0, 0, 255};
-constexpr Colour kBlue{0, 0, 255, 255};
 
 class SurfaceFill : public ScreenTest {
 protected:

@@ -13,6 +13,10 @@ namespace {
 
 using ostreltest::Canvas;
 using ostreltest::Colour;
+using ostreltest::inside;
+using ostreltest::kBlack;
+using ostreltest::kBlue;
+using ostreltest::kRed;
 using ostreltest::LogCapture;
 using ostreltest::Picture;
 using ostreltest::picturesMatch;
@@ -20,19 +24,12 @@ using ostreltest::plainSurface;
 using ostreltest::ScreenTest;
 using ostreltest::SdlSpy;
 
-constexpr Colour kBlack{0, 0, 0, 255};
-constexpr Colour kRed{255, 0, 0, 255};
-constexpr Colour kBlue{0, 0, 255, 255};
 constexpr Colour kNothing{0, 0, 0, 0};
 
 class SurfacePixels : public ScreenTest {
 protected:
     SurfacePixels() : ScreenTest(128, 96) {}
 };
-
-SDL2OstrelSurface* inside(const std::unique_ptr<OstrelSurface>& surface) {
-    return static_cast<SDL2OstrelSurface*>(surface.get());
-}
 
 // An opaque colour of its own for every pixel of a small picture.
 Colour mark(int x, int y) { return {static_cast<uint8_t>(x), static_cast<uint8_t>(y), 7, 255}; }

@@ -16,6 +16,11 @@ namespace {
 
 using ostreltest::Canvas;
 using ostreltest::Colour;
+using ostreltest::inside;
+using ostreltest::kBlack;
+using ostreltest::kBlue;
+using ostreltest::kGreen;
+using ostreltest::kRed;
 using ostreltest::LogCapture;
 using ostreltest::offsetIn;
 using ostreltest::Picture;
@@ -26,19 +31,10 @@ using ostreltest::SdlSpy;
 using ostreltest::slotOf;
 using ostreltest::slotOfObject;
 
-constexpr Colour kBlack{0, 0, 0, 255};
-constexpr Colour kRed{255, 0, 0, 255};
-constexpr Colour kGreen{0, 255, 0, 255};
-constexpr Colour kBlue{0, 0, 255, 255};
-
 class SurfaceTest : public ScreenTest {
 protected:
     SurfaceTest() : ScreenTest(128, 96) {}
 };
-
-SDL2OstrelSurface* inside(const std::unique_ptr<OstrelSurface>& surface) {
-    return static_cast<SDL2OstrelSurface*>(surface.get());
-}
 
 std::string functionAt(const void* object, int slot) {
     Dl_info info{};

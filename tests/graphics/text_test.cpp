@@ -14,17 +14,16 @@ namespace {
 
 using ostreltest::Canvas;
 using ostreltest::Colour;
+using ostreltest::kBlack;
+using ostreltest::kBlue;
+using ostreltest::kRed;
+using ostreltest::kWhite;
 using ostreltest::LogCapture;
 using ostreltest::matchesReference;
 using ostreltest::Picture;
 using ostreltest::picturesMatch;
 using ostreltest::ScreenTest;
 using ostreltest::SdlSpy;
-
-constexpr SDL_Color kWhite{255, 255, 255, 255};
-constexpr Colour kBlack{0, 0, 0, 255};
-constexpr Colour kRed{255, 0, 0, 255};
-constexpr Colour kBlue{0, 0, 255, 255};
 
 ::testing::AssertionResult covers(const SDL_Rect& r, int x, int y, int w, int h) {
     if (r.x == x && r.y == y && r.w == w && r.h == h) return ::testing::AssertionSuccess();

@@ -16,6 +16,7 @@
 
 using ostreltest::Canvas;
 using ostreltest::Colour;
+using ostreltest::kBlack;
 using ostreltest::LogCapture;
 using ostreltest::Picture;
 using ostreltest::picturesMatch;
@@ -24,7 +25,6 @@ using ostreltest::ScreenTest;
 
 namespace {
 
-constexpr Colour kBlack{0, 0, 0, 255};
 constexpr Colour kRed{200, 0, 0, 255};
 constexpr Colour kBlue{0, 0, 200, 255};
 constexpr SDL_Color kLabel{240, 240, 255, 255};

@@ -3,6 +3,7 @@
 #include <cstdio>
 #include <memory>
 
+#include "menu/counted_action.h"
 #include "ostrel/language.h"
 #include "ostrel/log.h"
 #include "ostrel/surface.h"
@@ -10,6 +11,7 @@
 #include "support/log_capture.h"
 #include "support/test_device.h"
 
+using ostreltest::CountedAction;
 using ostreltest::DeviceTest;
 using ostreltest::LogCapture;
 using ostreltest::offsetIn;
@@ -22,18 +24,6 @@ namespace {
 class MenuItemTest : public DeviceTest {
 protected:
     MenuItemTest() { initLogger(0); }
-};
-
-// An action that counts its runs and its end.
-class CountedAction : public Action {
-public:
-    explicit CountedAction(int& deaths) : mDeaths(deaths) {}
-    ~CountedAction() override { ++mDeaths; }
-    int dowork(void*) override { return ++runs; }
-    int runs = 0;
-
-private:
-    int& mDeaths;
 };
 
 class PlainRow : public ItemDrawable {

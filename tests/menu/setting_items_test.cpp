@@ -1,5 +1,6 @@
 #include <cstring>
 
+#include "menu/counted_action.h"
 #include "ostrel/language.h"
 #include "ostrel/setting_menu.h"
 #include "ostrel/skin.h"
@@ -12,17 +13,18 @@ namespace {
 
 using ostreltest::Canvas;
 using ostreltest::Colour;
+using ostreltest::CountedAction;
 using ostreltest::host;
+using ostreltest::kBlack;
+using ostreltest::kBlue;
+using ostreltest::kGreen;
+using ostreltest::kRed;
 using ostreltest::LogCapture;
 using ostreltest::offsetIn;
 using ostreltest::Picture;
 using ostreltest::plainSurface;
 using ostreltest::slotOf;
 
-constexpr Colour kBlack{0, 0, 0, 255};
-constexpr Colour kRed{255, 0, 0, 255};
-constexpr Colour kGreen{0, 255, 0, 255};
-constexpr Colour kBlue{0, 0, 255, 255};
 constexpr Colour kGrey{90, 90, 90, 255};
 
 struct HandlerLog {
@@ -62,16 +64,6 @@ public:
 
 private:
     HandlerLog& mLog;
-};
-
-class CountedAction : public Action {
-public:
-    explicit CountedAction(int& deleted) : mDeleted(deleted) {}
-    ~CountedAction() override { ++mDeleted; }
-    int dowork(void*) override { return 0; }
-
-private:
-    int& mDeleted;
 };
 
 class SettingItemsTest : public ostreltest::ScreenTest {

@@ -1,12 +1,15 @@
 #include "support/driven_wait.h"
 
-#include <dlfcn.h>
 #include <pthread.h>
 
 #include <condition_variable>
 #include <mutex>
 
+#include "support/next_function.h"
+
 namespace {
+
+using ostreltest::nextFunction;
 
 struct WaitState {
     std::mutex lock;
@@ -31,11 +34,6 @@ std::string nameOfThisThread() {
     return name;
 }
 
-template <typename Function>
-Function real(const char* name) {
-    return reinterpret_cast<Function>(dlsym(RTLD_NEXT, name));
-}
-
 }  // namespace
 
 // The library binds to these, because a program's definitions come before those of its libraries.
@@ -44,7 +42,7 @@ int SDL_CondWaitTimeout(SDL_cond* cond, SDL_mutex* mutex, Uint32 ms) {
     std::unique_lock<std::mutex> guard(wait.lock);
     if (!wait.driven) {
         guard.unlock();
-        return real<int (*)(SDL_cond*, SDL_mutex*, Uint32)>("SDL_CondWaitTimeout")(cond, mutex, ms);
+        return nextFunction<decltype(SDL_CondWaitTimeout)>("SDL_CondWaitTimeout")(cond, mutex, ms);
     }
     wait.spans.push_back(ms);
     wait.threadName = nameOfThisThread();
@@ -69,7 +67,7 @@ int SDL_CondSignal(SDL_cond* cond) {
         wait.signalled = true;
         wait.changed.notify_all();
     }
-    return real<int (*)(SDL_cond*)>("SDL_CondSignal")(cond);
+    return nextFunction<decltype(SDL_CondSignal)>("SDL_CondSignal")(cond);
 }
 
 namespace ostreltest {

@@ -1,10 +1,12 @@
 #include "support/fake_mixer.h"
 
-#include <dlfcn.h>
-
 #include <mutex>
 
+#include "support/next_function.h"
+
 namespace {
+
+using ostreltest::nextFunction;
 
 struct MixerState {
     std::mutex lock;  // the key-repeat thread clicks too
@@ -20,11 +22,6 @@ MixerState& state() {
     return *instance;
 }
 
-template <typename Function>
-Function real(const char* name) {
-    return reinterpret_cast<Function>(dlsym(RTLD_NEXT, name));
-}
-
 }  // namespace
 
 // The library binds to these, because a program's definitions come before those of its libraries.
@@ -34,7 +31,7 @@ int Mix_QuerySpec(int* frequency, Uint16* format, int* channels) {
         const std::lock_guard<std::mutex> guard(mixer.lock);
         if (mixer.faked) return mixer.open ? 1 : 0;
     }
-    return real<int (*)(int*, Uint16*, int*)>("Mix_QuerySpec")(frequency, format, channels);
+    return nextFunction<decltype(Mix_QuerySpec)>("Mix_QuerySpec")(frequency, format, channels);
 }
 
 int Mix_HaltChannel(int channel) {
@@ -46,7 +43,7 @@ int Mix_HaltChannel(int channel) {
             return 0;
         }
     }
-    return real<int (*)(int)>("Mix_HaltChannel")(channel);
+    return nextFunction<decltype(Mix_HaltChannel)>("Mix_HaltChannel")(channel);
 }
 
 int Mix_PlayChannelTimed(int channel, Mix_Chunk* chunk, int loops, int ticks) {
@@ -60,7 +57,7 @@ int Mix_PlayChannelTimed(int channel, Mix_Chunk* chunk, int loops, int ticks) {
             return mixer.playError.empty() ? 0 : SDL_SetError("%s", mixer.playError.c_str());
         }
     }
-    return real<int (*)(int, Mix_Chunk*, int, int)>("Mix_PlayChannelTimed")(channel, chunk, loops, ticks);
+    return nextFunction<decltype(Mix_PlayChannelTimed)>("Mix_PlayChannelTimed")(channel, chunk, loops, ticks);
 }
 
 namespace ostreltest {

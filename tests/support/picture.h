@@ -17,6 +17,12 @@ struct Colour {
 };
 std::ostream& operator<<(std::ostream& out, const Colour& colour);
 
+inline constexpr Colour kBlack{0, 0, 0, 255};
+inline constexpr Colour kRed{255, 0, 0, 255};
+inline constexpr Colour kGreen{0, 255, 0, 255};
+inline constexpr Colour kBlue{0, 0, 255, 255};
+inline constexpr SDL_Color kWhite{255, 255, 255, 255};  // as texts are given their colour
+
 class Picture {
 public:
     Picture() = default;

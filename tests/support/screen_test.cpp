@@ -28,6 +28,10 @@ std::unique_ptr<OstrelSurface> plainSurface(int width, int height, Colour colour
     return std::make_unique<SDL2OstrelSurface>(SDL_CreateTextureFromSurface(gRenderer, pixels), pixels);
 }
 
+SDL2OstrelSurface* inside(const std::unique_ptr<OstrelSurface>& surface) {
+    return static_cast<SDL2OstrelSurface*>(surface.get());
+}
+
 void writePlainPng(const std::string& path, int width, int height, Colour colour) {
     Picture(width, height, colour).save(path);
 }

@@ -34,6 +34,8 @@ private:
 
 // A new surface of one colour, with pixels in memory; the caller owns it.
 std::unique_ptr<OstrelSurface> plainSurface(int width, int height, Colour colour);
+// The implementation behind a surface, with its texture and its pixels.
+SDL2OstrelSurface* inside(const std::unique_ptr<OstrelSurface>& surface);
 // Writes a PNG of one colour; the folder is made when missing.
 void writePlainPng(const std::string& path, int width, int height, Colour colour);
 

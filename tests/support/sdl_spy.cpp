@@ -1,20 +1,16 @@
 #include "support/sdl_spy.h"
 
-#include <dlfcn.h>
-
 #include <SDL_image.h>
 
 #include <stdexcept>
 
+#include "support/next_function.h"
+
 namespace {
 
-ostreltest::SdlSpy* sSpy = nullptr;
+using ostreltest::nextFunction;
 
-// SDL's own function behind the one of the same name here.
-template <typename Function>
-Function* sdlFunction(const char* name) {
-    return reinterpret_cast<Function*>(dlsym(RTLD_NEXT, name));
-}
+ostreltest::SdlSpy* sSpy = nullptr;
 
 }  // namespace
 
@@ -33,7 +29,7 @@ SdlSpy::~SdlSpy() { sSpy = nullptr; }
 extern "C" {
 
 SDL_Window* SDL_CreateWindow(const char* title, int x, int y, int w, int h, Uint32 flags) {
-    static auto* create = sdlFunction<decltype(SDL_CreateWindow)>("SDL_CreateWindow");
+    static auto* create = nextFunction<decltype(SDL_CreateWindow)>("SDL_CreateWindow");
     const bool fails = sSpy != nullptr && sSpy->failWindows;
     SDL_Window* window = fails ? nullptr : create(title, x, y, w, h, flags);
     if (sSpy != nullptr) sSpy->windows.push_back({title, x, y, w, h, flags, window});
@@ -41,13 +37,13 @@ SDL_Window* SDL_CreateWindow(const char* title, int x, int y, int w, int h, Uint
 }
 
 SDL_Renderer* SDL_CreateRenderer(SDL_Window* window, int index, Uint32 flags) {
-    static auto* create = sdlFunction<decltype(SDL_CreateRenderer)>("SDL_CreateRenderer");
+    static auto* create = nextFunction<decltype(SDL_CreateRenderer)>("SDL_CreateRenderer");
     if (sSpy != nullptr) sSpy->renderers.push_back({window, index, flags});
     return sSpy != nullptr && sSpy->failRenderers ? nullptr : create(window, index, flags);
 }
 
 SDL_Texture* SDL_CreateTexture(SDL_Renderer* renderer, Uint32 format, int access, int w, int h) {
-    static auto* create = sdlFunction<decltype(SDL_CreateTexture)>("SDL_CreateTexture");
+    static auto* create = nextFunction<decltype(SDL_CreateTexture)>("SDL_CreateTexture");
     const bool fails = sSpy != nullptr && sSpy->failTextures;
     SDL_Texture* texture = fails ? nullptr : create(renderer, format, access, w, h);
     if (fails) SDL_SetError("no texture for a test");
@@ -56,7 +52,7 @@ SDL_Texture* SDL_CreateTexture(SDL_Renderer* renderer, Uint32 format, int access
 }
 
 SDL_Texture* SDL_CreateTextureFromSurface(SDL_Renderer* renderer, SDL_Surface* surface) {
-    static auto* create = sdlFunction<decltype(SDL_CreateTextureFromSurface)>("SDL_CreateTextureFromSurface");
+    static auto* create = nextFunction<decltype(SDL_CreateTextureFromSurface)>("SDL_CreateTextureFromSurface");
     if (sSpy != nullptr) sSpy->texturedSurfaces.push_back(surface);
     if (sSpy == nullptr || !sSpy->failTexturesFromSurfaces) return create(renderer, surface);
     SDL_SetError("no texture for a test");
@@ -65,7 +61,7 @@ SDL_Texture* SDL_CreateTextureFromSurface(SDL_Renderer* renderer, SDL_Surface* s
 
 SDL_Surface* SDL_CreateRGBSurface(Uint32 flags, int width, int height, int depth, Uint32 Rmask, Uint32 Gmask,
                                   Uint32 Bmask, Uint32 Amask) {
-    static auto* create = sdlFunction<decltype(SDL_CreateRGBSurface)>("SDL_CreateRGBSurface");
+    static auto* create = nextFunction<decltype(SDL_CreateRGBSurface)>("SDL_CreateRGBSurface");
     if (sSpy != nullptr) {
         sSpy->surfaces.push_back({width, height, depth, Rmask, Gmask, Bmask, Amask});
         if (sSpy->failSurface && sSpy->failSurface(sSpy->surfaces.back())) return nullptr;
@@ -74,32 +70,32 @@ SDL_Surface* SDL_CreateRGBSurface(Uint32 flags, int width, int height, int depth
 }
 
 SDL_Surface* TTF_RenderUTF8_Blended(TTF_Font* font, const char* text, SDL_Color fg) {
-    static auto* render = sdlFunction<decltype(TTF_RenderUTF8_Blended)>("TTF_RenderUTF8_Blended");
+    static auto* render = nextFunction<decltype(TTF_RenderUTF8_Blended)>("TTF_RenderUTF8_Blended");
     if (sSpy != nullptr) sSpy->renderedTexts.emplace_back(text);
     return render(font, text, fg);
 }
 
 TTF_Font* TTF_OpenFont(const char* file, int ptsize) {
-    static auto* open = sdlFunction<decltype(TTF_OpenFont)>("TTF_OpenFont");
+    static auto* open = nextFunction<decltype(TTF_OpenFont)>("TTF_OpenFont");
     TTF_Font* font = open(file, ptsize);
     if (sSpy != nullptr) sSpy->fonts.push_back({file, ptsize, font});
     return font;
 }
 
 void TTF_CloseFont(TTF_Font* font) {
-    static auto* close = sdlFunction<decltype(TTF_CloseFont)>("TTF_CloseFont");
+    static auto* close = nextFunction<decltype(TTF_CloseFont)>("TTF_CloseFont");
     if (sSpy != nullptr) sSpy->closedFonts.push_back(font);
     close(font);
 }
 
 SDL_Surface* IMG_Load(const char* file) {
-    static auto* load = sdlFunction<decltype(IMG_Load)>("IMG_Load");
+    static auto* load = nextFunction<decltype(IMG_Load)>("IMG_Load");
     if (sSpy != nullptr) sSpy->decodedImages.emplace_back(file);
     return load(file);
 }
 
 void SDL_RenderPresent(SDL_Renderer* renderer) {
-    static auto* present = sdlFunction<decltype(SDL_RenderPresent)>("SDL_RenderPresent");
+    static auto* present = nextFunction<decltype(SDL_RenderPresent)>("SDL_RenderPresent");
     if (sSpy != nullptr) {
         ++sSpy->presents;
         if (sSpy->onPresent) sSpy->onPresent();
@@ -108,19 +104,19 @@ void SDL_RenderPresent(SDL_Renderer* renderer) {
 }
 
 void SDL_DestroyWindow(SDL_Window* window) {
-    static auto* destroy = sdlFunction<decltype(SDL_DestroyWindow)>("SDL_DestroyWindow");
+    static auto* destroy = nextFunction<decltype(SDL_DestroyWindow)>("SDL_DestroyWindow");
     if (sSpy != nullptr) sSpy->destroyed.push_back(window);
     destroy(window);
 }
 
 void SDL_DestroyRenderer(SDL_Renderer* renderer) {
-    static auto* destroy = sdlFunction<decltype(SDL_DestroyRenderer)>("SDL_DestroyRenderer");
+    static auto* destroy = nextFunction<decltype(SDL_DestroyRenderer)>("SDL_DestroyRenderer");
     if (sSpy != nullptr) sSpy->destroyed.push_back(renderer);
     destroy(renderer);
 }
 
 void SDL_DestroyTexture(SDL_Texture* texture) {
-    static auto* destroy = sdlFunction<decltype(SDL_DestroyTexture)>("SDL_DestroyTexture");
+    static auto* destroy = nextFunction<decltype(SDL_DestroyTexture)>("SDL_DestroyTexture");
     if (sSpy != nullptr) sSpy->destroyed.push_back(texture);
     destroy(texture);
 }

@@ -17,6 +17,7 @@ using ostreltest::Canvas;
 using ostreltest::Colour;
 using ostreltest::drainEvents;
 using ostreltest::host;
+using ostreltest::kBlack;
 using ostreltest::LogCapture;
 using ostreltest::Picture;
 using ostreltest::picturesMatch;
@@ -24,7 +25,6 @@ using ostreltest::pushKey;
 using ostreltest::pushUser;
 using ostreltest::writePlainPng;
 
-constexpr Colour kBlack{0, 0, 0, 255};
 constexpr Colour kPanel{40, 40, 60, 255};
 constexpr Colour kFocused{0, 120, 0, 255};
 constexpr Colour kUnfocused{0, 0, 120, 255};

@@ -19,7 +19,6 @@ using Names = std::vector<std::string>;
 using Widths = std::vector<int>;
 
 constexpr int kBox = 40;
-constexpr ostreltest::Colour kRed{200, 30, 10, 255};
 
 class ArtLoaderTest : public ostreltest::ScreenTest {
 protected:
@@ -33,7 +32,7 @@ protected:
     }
     std::string picture(int width) {
         const std::string name = std::to_string(width) + ".png";
-        ostreltest::writePlainPng(device().path(name), width, 10, kRed);
+        ostreltest::writePlainPng(device().path(name), width, 10, ostreltest::kRed);
         return name;
     }
     // A frame that shows these pictures. Returns how many of them are there.

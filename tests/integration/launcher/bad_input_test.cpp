@@ -9,8 +9,11 @@
 
 #include "played_visit.h"
 #include "support/child_process.h"
+#include "written_files.h"
 
 namespace fs = std::filesystem;
+using launchertest::kSettingsFile;
+using launchertest::kWindowsFile;
 using ostreltest::ChildUser;
 using ostreltest::passesInChild;
 

@@ -2,13 +2,14 @@
 #include <gtest/gtest.h>
 
 #include "played_visit.h"
+#include "written_files.h"
 
 namespace {
 
+using launchertest::kRecentFile;
+using launchertest::kWindowsFile;
 using Strings = std::vector<std::string>;
 using JsonTree = std::unique_ptr<cJSON, decltype(&cJSON_Delete)>;
-
-constexpr char kRecentFile[] = "/mnt/UDISK/launcher/recent.json";
 
 class GamesWindowsTest : public ostreltest::PlayedVisitTest {
 protected:

@@ -9,6 +9,7 @@
 
 #include "program.h"
 #include "support/test_device.h"
+#include "written_files.h"
 
 namespace ostreltest {
 
@@ -34,19 +35,18 @@ protected:
 
     // The windows that the launcher starts with, home below them, by their numbers.
     void startIn(int window) {
-        device().write(kWindowsFile, R"({"list": [{"type": 1}, {"type": )" + std::to_string(window) + "}]}");
+        device().write(launchertest::kWindowsFile,
+                       R"({"list": [{"type": 1}, {"type": )" + std::to_string(window) + "}]}");
     }
 
     // A number of the settings file, -1 when the file is broken or has none.
     int setting(const char* name) {
-        const std::unique_ptr<cJSON, decltype(&cJSON_Delete)> root(cJSON_Parse(device().read(kSettingsFile).c_str()),
-                                                                   &cJSON_Delete);
+        const std::unique_ptr<cJSON, decltype(&cJSON_Delete)> root(
+            cJSON_Parse(device().read(launchertest::kSettingsFile).c_str()), &cJSON_Delete);
         const cJSON* item = cJSON_GetObjectItemCaseSensitive(root.get(), name);
         return cJSON_IsNumber(item) != 0 ? item->valueint : -1;
     }
 
-    static constexpr const char* kSettingsFile = "/mnt/UDISK/system.json";
-    static constexpr const char* kWindowsFile = "/mnt/UDISK/launcher/windows.json";
     static constexpr int kGames = 2;
     static constexpr int kSearch = 4;
     static constexpr int kRecent = 5;

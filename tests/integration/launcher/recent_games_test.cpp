@@ -10,15 +10,15 @@
 #include "session.h"
 #include "support/child_process.h"
 #include "support/test_device.h"
+#include "written_files.h"
 
 namespace {
 
 using launcher::forgetGame;
 using launcher::recentGames;
 using launcher::rememberGame;
+using launchertest::kRecentFile;
 using Strings = std::vector<std::string>;
-
-constexpr char kFile[] = "/mnt/UDISK/launcher/recent.json";
 
 class RecentGamesTest : public ostreltest::DeviceTest {
 protected:
@@ -36,7 +36,7 @@ protected:
         return list;
     }
     Strings listedFrom(const std::string& json) {
-        device().write(kFile, json);
+        device().write(kRecentFile, json);
         return listed();
     }
 };
@@ -80,7 +80,7 @@ TEST_F(RecentGamesTest, AClearedListIsEmpty) {
     rememberGame("a.game");
     launcher::clearRecentGames();
     EXPECT_TRUE(recentGames().empty());
-    EXPECT_EQ(device().read(kFile), "[]");
+    EXPECT_EQ(device().read(kRecentFile), "[]");
 }
 
 TEST_F(RecentGamesTest, AGameWhoseCardIsOutIsNotShownAndComesBackWithIt) {
@@ -162,15 +162,15 @@ TEST_F(RecentGamesTest, FiftyOfTheLongestPathsFitIntoTheFile) {
 
 TEST_F(RecentGamesTest, APipeInPlaceOfTheFileIsNotWaitedFor) {
     std::filesystem::create_directories(device().path("/mnt/UDISK/launcher"));
-    ASSERT_EQ(mkfifo(device().path(kFile).c_str(), 0600), 0);
+    ASSERT_EQ(mkfifo(device().path(kRecentFile).c_str(), 0600), 0);
     EXPECT_TRUE(recentGames().empty());
 }
 
 TEST_F(RecentGamesTest, AFileThatCannotBeWrittenStaysAsItIs) {
     rememberGame("a.game");
-    const std::string before = device().read(kFile);
+    const std::string before = device().read(kRecentFile);
     EXPECT_TRUE(ostreltest::passesInChild([] { rememberGame("b.game"); }, ostreltest::ChildUser::Unprivileged));
-    EXPECT_EQ(device().read(kFile), before);
+    EXPECT_EQ(device().read(kRecentFile), before);
     EXPECT_EQ(listed(), (Strings{"a.game 1"}));
 }
 

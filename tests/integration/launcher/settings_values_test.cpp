@@ -19,11 +19,13 @@
 #include "support/fake_host.h"
 #include "support/test_device.h"
 #include "theme.h"
+#include "written_files.h"
 
 using launcher::Setting;
 using launcher::settings;
 using launcher::SettingSwitch;
 using launcher::SettingValue;
+using launchertest::kSettingsFile;
 using ostreltest::host;
 using ::testing::ElementsAre;
 using ::testing::EndsWith;
@@ -32,7 +34,6 @@ using ::testing::Not;
 
 namespace {
 
-constexpr const char* kFile = "/mnt/UDISK/system.json";
 constexpr const char* kAttributes = "/sys/devices/virtual/disp/disp/attr/";
 
 class SettingsTest : public ostreltest::DeviceTest {
@@ -45,7 +46,7 @@ protected:
 
     // Loads what a file says, as a start of the launcher does.
     void load(const std::string& content) {
-        device().write(kFile, content);
+        device().write(kSettingsFile, content);
         launcher::loadSettings("");
     }
     // Saves, forgets the status block, and starts again.
@@ -71,7 +72,7 @@ protected:
     std::string attribute(const std::string& name) { return device().read(kAttributes + name); }
     std::string saved() {
         launcher::saveSettings();
-        return device().read(kFile);
+        return device().read(kSettingsFile);
     }
 
     ostreltest::DrivenClock mClock;
@@ -339,7 +340,7 @@ TEST_F(SettingsTest, AThemeOfSomebodyElseIsUsedAndUnknown) {
 }
 
 TEST_F(SettingsTest, TheThemeOfTheCommandLineWins) {
-    device().write(kFile, R"({"theme": "own"})");
+    device().write(kSettingsFile, R"({"theme": "own"})");
     launcher::loadSettings("/some/theme/");
     EXPECT_STREQ(gThemePath, "/some/theme/");
 }
@@ -370,10 +371,10 @@ TEST_F(SettingsTest, AChangeIsWrittenAfterASecondAndNotBefore) {
     press(launcher::kTextVolume, KEY_LEFT);
     mClock.advance(999);
     launcher::saveSettledSettings();
-    EXPECT_FALSE(device().exists(kFile));
+    EXPECT_FALSE(device().exists(kSettingsFile));
     mClock.advance(1);
     launcher::saveSettledSettings();
-    EXPECT_THAT(device().read(kFile), HasSubstr("\"vol\":\t13"));
+    EXPECT_THAT(device().read(kSettingsFile), HasSubstr("\"vol\":\t13"));
 }
 
 TEST_F(SettingsTest, AFurtherChangePutsTheWritingOff) {
@@ -382,48 +383,48 @@ TEST_F(SettingsTest, AFurtherChangePutsTheWritingOff) {
     press(launcher::kTextVolume, KEY_LEFT);
     mClock.advance(600);
     launcher::saveSettledSettings();
-    EXPECT_FALSE(device().exists(kFile));
+    EXPECT_FALSE(device().exists(kSettingsFile));
     mClock.advance(400);
     launcher::saveSettledSettings();
-    EXPECT_TRUE(device().exists(kFile));
+    EXPECT_TRUE(device().exists(kSettingsFile));
 }
 
 TEST_F(SettingsTest, WhatIsWrittenIsNotWrittenAgain) {
     press(launcher::kTextVolume, KEY_LEFT);
     mClock.advance(1000);
     launcher::saveSettledSettings();
-    device().remove(kFile);
+    device().remove(kSettingsFile);
     mClock.advance(5000);
     launcher::saveSettledSettings();
     launcher::savePendingSettings();
-    EXPECT_FALSE(device().exists(kFile));
+    EXPECT_FALSE(device().exists(kSettingsFile));
 }
 
 TEST_F(SettingsTest, WithoutAChangeNothingIsWritten) {
     mClock.advance(5000);
     launcher::saveSettledSettings();
     launcher::savePendingSettings();
-    EXPECT_FALSE(device().exists(kFile));
+    EXPECT_FALSE(device().exists(kSettingsFile));
 }
 
 TEST_F(SettingsTest, AStepThatChangesNothingWritesNothing) {
     SetKeyShm(gShmInfo, SHM_VOL, 20);
     press(launcher::kTextVolume, KEY_RIGHT);
     launcher::savePendingSettings();
-    EXPECT_FALSE(device().exists(kFile));
+    EXPECT_FALSE(device().exists(kSettingsFile));
 }
 
 TEST_F(SettingsTest, WhoLeavesWithinTheSecondLosesNothing) {
     turn(launcher::kTextWifi, true);
     launcher::savePendingSettings();
-    EXPECT_THAT(device().read(kFile), HasSubstr("\"wifi\":\t1"));
+    EXPECT_THAT(device().read(kSettingsFile), HasSubstr("\"wifi\":\t1"));
 }
 
 TEST_F(SettingsTest, AClockThatIsSetBackDoesNotHoldTheWritingUp) {
     press(launcher::kTextVolume, KEY_LEFT);
     mClock.set(10);
     launcher::saveSettledSettings();
-    EXPECT_TRUE(device().exists(kFile));
+    EXPECT_TRUE(device().exists(kSettingsFile));
 }
 
 // The clock in the heading. The zones are spelled out, so that no zone files are needed.
