@@ -431,13 +431,14 @@ protected:
     std::unique_ptr<OstrelSurface> mScaled;
 };
 
-constexpr unsigned kRed = 0xFFFF0000;
-constexpr unsigned kBlue = 0xFF0000FF;
+constexpr unsigned kArgbRed = 0xFFFF0000;
+constexpr unsigned kArgbBlue = 0xFF0000FF;
 
 TEST_F(ScaleSurfaceTest, ScalesTheCopyOfThePixels) {
     const auto source = redBesideBlue(SDL_PIXELFORMAT_ARGB8888);
     // Steps of half a pixel: the fourth column lies between the last red one and the first blue one.
-    EXPECT_EQ(scaledPixels(source.get(), 6, 1), (Pixels{kRed, kRed, kRed, 0xFF7F007F, kBlue, kBlue}));
+    EXPECT_EQ(scaledPixels(source.get(), 6, 1),
+              (Pixels{kArgbRed, kArgbRed, kArgbRed, 0xFF7F007F, kArgbBlue, kArgbBlue}));
     EXPECT_EQ(mScaled->getWidth(), 6);
     EXPECT_EQ(mScaled->getHeight(), 1);
 }
@@ -451,7 +452,7 @@ TEST_F(ScaleSurfaceTest, LeavesItsSourceAsItIs) {
 
 TEST_F(ScaleSurfaceTest, SwapsOrdersThatBeginWithBlue) {
     const auto source = redBesideBlue(SDL_PIXELFORMAT_ABGR8888);
-    EXPECT_EQ(scaledPixels(source.get(), 3, 1), (Pixels{kRed, kRed, kBlue}));
+    EXPECT_EQ(scaledPixels(source.get(), 3, 1), (Pixels{kArgbRed, kArgbRed, kArgbBlue}));
 }
 
 TEST_F(ScaleSurfaceTest, SwapsFromTheFirstOfTheseOrdersOn) {
@@ -466,13 +467,13 @@ TEST_F(ScaleSurfaceTest, DoesNotSwapOrdersThatBeginWithRed) {
 
 TEST_F(ScaleSurfaceTest, ScaleSurfaceCutsASourceOfAnotherDepth) {
     const auto source = redBesideBlue(SDL_PIXELFORMAT_RGB24);
-    EXPECT_EQ(scaledPixels(source.get(), 2, 2), Pixels(4, kRed));  // scaled, it would show some blue
+    EXPECT_EQ(scaledPixels(source.get(), 2, 2), Pixels(4, kArgbRed));  // scaled, it would show some blue
 }
 
 TEST_F(ScaleSurfaceTest, ASourceOfAnotherDepthIsTransparentBeyondItsEdge) {
     const auto source = redBesideBlue(SDL_PIXELFORMAT_RGB565);
     const Pixels pixels = scaledPixels(source.get(), 8, 4);
-    EXPECT_EQ(pixels[0], kRed);
+    EXPECT_EQ(pixels[0], kArgbRed);
     EXPECT_EQ(pixels[7], 0U);   // column 6.125 of the corner that was cut out
     EXPECT_EQ(pixels[24], 0U);  // row 2.25
 }

@@ -33,15 +33,15 @@ std::string addressText(const void* address) {
 }
 
 // A colour of its own for every pixel of a screen.
-Colour mark(int x, int y) {
+Colour screenMark(int x, int y) {
     return {static_cast<uint8_t>(x), static_cast<uint8_t>(y), static_cast<uint8_t>((x >> 8) * 16 + (y >> 8) + 1), 255};
 }
 
-std::unique_ptr<OstrelSurface> markedSurface(int width, int height) {
+std::unique_ptr<OstrelSurface> surfaceOfScreenMarks(int width, int height) {
     std::vector<uint8_t> bytes;
     for (int y = 0; y < height; ++y) {
         for (int x = 0; x < width; ++x) {
-            const Colour colour = mark(x, y);
+            const Colour colour = screenMark(x, y);
             bytes.insert(bytes.end(), {colour.r, colour.g, colour.b, colour.a});
         }
     }
@@ -312,11 +312,11 @@ TEST_F(ScreenFlip, KeepsTheFrameAsItWas) {
 // (u, v) comes to (v - 1, 639 - u).
 TEST_F(ScreenFlip, TurnsThePictureOnePixelToTheLeft) {
     ScreenInit(640, 480, 32, 1);
-    markedSurface(640, 480)->render(nullptr, nullptr, false, nullptr);
+    surfaceOfScreenMarks(640, 480)->render(nullptr, nullptr, false, nullptr);
     ScreenUpdateAndFlip();
     Picture expected(480, 640, kBlack);
     for (int v = 1; v < 480; ++v) {
-        for (int u = 0; u < 640; ++u) expected.set(v - 1, 639 - u, mark(u, v));
+        for (int u = 0; u < 640; ++u) expected.set(v - 1, 639 - u, screenMark(u, v));
     }
     EXPECT_TRUE(picturesMatch(Picture::ofWindow(), expected));
 }
@@ -324,16 +324,16 @@ TEST_F(ScreenFlip, TurnsThePictureOnePixelToTheLeft) {
 // (1280 - 720) / 2 and (720 - 1280) / 2 are 280 and -280: centre (359, 640).
 TEST_F(ScreenFlip, TurnsTheConsolesOwnSize) {
     ScreenInit(1280, 720, 32, 1);
-    markedSurface(1280, 720)->render(nullptr, nullptr, false, nullptr);
+    surfaceOfScreenMarks(1280, 720)->render(nullptr, nullptr, false, nullptr);
     ScreenUpdateAndFlip();
     const Picture window = Picture::ofWindow();
     ASSERT_EQ(window.width(), 720);
     ASSERT_EQ(window.height(), 1280);
-    EXPECT_EQ(window.at(0, 1279), mark(0, 1));
-    EXPECT_EQ(window.at(0, 0), mark(1279, 1));
-    EXPECT_EQ(window.at(718, 1279), mark(0, 719));
-    EXPECT_EQ(window.at(718, 0), mark(1279, 719));
-    EXPECT_EQ(window.at(358, 639), mark(640, 359));
+    EXPECT_EQ(window.at(0, 1279), screenMark(0, 1));
+    EXPECT_EQ(window.at(0, 0), screenMark(1279, 1));
+    EXPECT_EQ(window.at(718, 1279), screenMark(0, 719));
+    EXPECT_EQ(window.at(718, 0), screenMark(1279, 719));
+    EXPECT_EQ(window.at(358, 639), screenMark(640, 359));
     EXPECT_EQ(window.at(719, 640), kBlack);
 }
 
@@ -443,13 +443,13 @@ TEST_F(Snapshot, ReadsWhateverTheRendererDrawsInto) {
 TEST_F(Snapshot, TakesTheCornerOfALargerTarget) {
     ScreenInit(64, 48, 32, 0);
     const Canvas canvas(100, 90, kBlue);
-    markedSurface(100, 90)->render(nullptr, nullptr, false, nullptr);
+    surfaceOfScreenMarks(100, 90)->render(nullptr, nullptr, false, nullptr);
     SDL_SetRenderTarget(gRenderer, static_cast<SDL2OstrelSurface*>(canvas.surface())->mTexture);
     const auto snapshot = take();
     SDL_SetRenderTarget(gRenderer, nullptr);
     Picture expected(64, 48);
     for (int y = 0; y < 48; ++y) {
-        for (int x = 0; x < 64; ++x) expected.set(x, y, mark(x, y));
+        for (int x = 0; x < 64; ++x) expected.set(x, y, screenMark(x, y));
     }
     EXPECT_TRUE(picturesMatch(Picture::ofSurface(snapshot->mSurface), expected));
 }

@@ -25,8 +25,8 @@ using ostreltest::ScreenTest;
 
 namespace {
 
-constexpr Colour kRed{200, 0, 0, 255};
-constexpr Colour kBlue{0, 0, 200, 255};
+constexpr Colour kDarkRed{200, 0, 0, 255};
+constexpr Colour kDarkBlue{0, 0, 200, 255};
 constexpr SDL_Color kLabel{240, 240, 255, 255};
 constexpr SDL_Color kSubLabel{160, 200, 0, 255};
 constexpr SDL_Color kNumber{0, 200, 255, 255};
@@ -194,44 +194,44 @@ TEST_F(ListDrawingTest, WithNoRowsAPageNothingIsDrawn) {
 }
 
 TEST_F(ListDrawingTest, TheCursorsRowTakesTheSelectedBackgroundAndTheOthersTheNormalOne) {
-    menu->selBg = plainSurface(100, 88, kRed).release();
-    menu->normalBg = plainSurface(100, 88, kBlue).release();
+    menu->selBg = plainSurface(100, 88, kDarkRed).release();
+    menu->normalBg = plainSurface(100, 88, kDarkBlue).release();
     menu->insertItem(new TextMenuItem("", nullptr, nullptr, false));
     menu->insertItem(new TextMenuItem("", nullptr, nullptr, false));
     menu->mCurIndex = 1;
     const Picture picture = drawn();
-    EXPECT_EQ(picture.count(kBlue), 100 * 88);
-    EXPECT_EQ(picture.count(kRed), 100 * 88);
-    EXPECT_EQ(picture.at(10, 80), kBlue);
-    EXPECT_EQ(picture.at(109, 167), kBlue);
-    EXPECT_EQ(picture.at(10, 178), kRed);
-    EXPECT_EQ(picture.at(109, 265), kRed);
+    EXPECT_EQ(picture.count(kDarkBlue), 100 * 88);
+    EXPECT_EQ(picture.count(kDarkRed), 100 * 88);
+    EXPECT_EQ(picture.at(10, 80), kDarkBlue);
+    EXPECT_EQ(picture.at(109, 167), kDarkBlue);
+    EXPECT_EQ(picture.at(10, 178), kDarkRed);
+    EXPECT_EQ(picture.at(109, 265), kDarkRed);
 }
 
 TEST_F(ListDrawingTest, WithoutFocusTheCursorsRowTakesTheNormalBackground) {
-    menu->selBg = plainSurface(100, 88, kRed).release();
-    menu->normalBg = plainSurface(100, 88, kBlue).release();
+    menu->selBg = plainSurface(100, 88, kDarkRed).release();
+    menu->normalBg = plainSurface(100, 88, kDarkBlue).release();
     add("");
     menu->setFocus(false);
     const Picture picture = drawn();
-    EXPECT_EQ(picture.count(kBlue), 100 * 88);
-    EXPECT_EQ(picture.count(kRed), 0);
+    EXPECT_EQ(picture.count(kDarkBlue), 100 * 88);
+    EXPECT_EQ(picture.count(kDarkRed), 0);
 }
 
 TEST_F(ListDrawingTest, AnIgnoredSelectedBackgroundLeavesTheCursorsRowBare) {
-    menu->selBg = plainSurface(100, 88, kRed).release();
-    menu->normalBg = plainSurface(100, 88, kBlue).release();
+    menu->selBg = plainSurface(100, 88, kDarkRed).release();
+    menu->normalBg = plainSurface(100, 88, kDarkBlue).release();
     add("");
     add("");
     menu->ignoreSelBG(true);
     const Picture picture = drawn();
-    EXPECT_EQ(picture.count(kBlue), 100 * 88);
-    EXPECT_EQ(picture.count(kRed), 0);
+    EXPECT_EQ(picture.count(kDarkBlue), 100 * 88);
+    EXPECT_EQ(picture.count(kDarkRed), 0);
     EXPECT_EQ(picture.at(10, 80), kBlack);
 }
 
 TEST_F(ListDrawingTest, TheBackgroundsInsetIsTheListsOwn) {
-    menu->selBg = plainSurface(100, 88, kRed).release();
+    menu->selBg = plainSurface(100, 88, kDarkRed).release();
     menu->bgInset = 25;
     add("");
     const SDL_Rect bounds = drawn().boundsOfAllBut(kBlack);
@@ -240,7 +240,7 @@ TEST_F(ListDrawingTest, TheBackgroundsInsetIsTheListsOwn) {
 }
 
 TEST_F(ListDrawingTest, ALowerBackgroundStandsInTheMiddleOfItsRow) {
-    menu->selBg = plainSurface(100, 79, kRed).release();
+    menu->selBg = plainSurface(100, 79, kDarkRed).release();
     add("");
     const SDL_Rect bounds = drawn().boundsOfAllBut(kBlack);
     EXPECT_EQ(bounds.y, 84);
@@ -272,7 +272,7 @@ TEST_F(ListDrawingTest, ANarrowBackgroundKeepsItsWidth) {
 }
 
 TEST_F(ListDrawingTest, TheMarkerStandsOnTheCursorsRowAndEveryRowMakesRoom) {
-    const auto mark = plainSurface(16, 32, kRed);
+    const auto mark = plainSurface(16, 32, kDarkRed);
     menu->selMark = mark.get();
     addRows(2);
     menu->mCurIndex = 1;
@@ -285,11 +285,11 @@ TEST_F(ListDrawingTest, TheMarkerStandsOnTheCursorsRowAndEveryRowMakesRoom) {
 }
 
 TEST_F(ListDrawingTest, TheMarkerStaysWithoutFocus) {
-    const auto mark = plainSurface(16, 32, kRed);
+    const auto mark = plainSurface(16, 32, kDarkRed);
     menu->selMark = mark.get();
     addRows(1);
     menu->setFocus(false);
-    EXPECT_EQ(drawn().count(kRed), 16 * 32);
+    EXPECT_EQ(drawn().count(kDarkRed), 16 * 32);
 }
 
 TEST_F(ListDrawingTest, NumbersStandCentredInTheirColumnBeforeTheText) {
@@ -304,7 +304,7 @@ TEST_F(ListDrawingTest, NumbersStandCentredInTheirColumnBeforeTheText) {
 }
 
 TEST_F(ListDrawingTest, TheMarkerPushesTheNumber) {
-    const auto mark = plainSurface(16, 32, kRed);
+    const auto mark = plainSurface(16, 32, kDarkRed);
     menu->selMark = mark.get();
     menu->showListNum = true;
     addRows(1);
@@ -359,7 +359,7 @@ TEST_F(ListDrawingTest, NumbersAreDrawnThroughTheTable) {
 }
 
 TEST_F(ListDrawingTest, AnIconStandsBeforeTheTextWhereThereAreNoNumbers) {
-    const auto icon = plainSurface(64, 50, kRed);
+    const auto icon = plainSurface(64, 50, kDarkRed);
     menu->insertItem(new IconRow("Row", icon.get()));
     EXPECT_TRUE(picturesMatch(drawn(), paint([&icon] {
                                   SDL_Rect place{30, 99, 0, 0};
@@ -369,10 +369,10 @@ TEST_F(ListDrawingTest, AnIconStandsBeforeTheTextWhereThereAreNoNumbers) {
 }
 
 TEST_F(ListDrawingTest, NumbersTakeThePlaceOfIcons) {
-    const auto icon = plainSurface(64, 50, kRed);
+    const auto icon = plainSurface(64, 50, kDarkRed);
     menu->showListNum = true;
     menu->insertItem(new IconRow("Row", icon.get()));
-    EXPECT_EQ(drawn().count(kRed), 0);
+    EXPECT_EQ(drawn().count(kDarkRed), 0);
 }
 
 TEST_F(ListDrawingTest, AnIconRectangleSelectsAPartAndItsSize) {
@@ -395,12 +395,12 @@ TEST_F(ListDrawingTest, AnIconRectangleSelectsAPartAndItsSize) {
 }
 
 TEST_F(ListDrawingTest, TheMarkerPushesTheIcon) {
-    const auto mark = plainSurface(16, 32, kRed);
-    const auto icon = plainSurface(64, 64, kBlue);
+    const auto mark = plainSurface(16, 32, kDarkRed);
+    const auto icon = plainSurface(64, 64, kDarkBlue);
     menu->selMark = mark.get();
     menu->insertItem(new IconRow("", icon.get()));
     const Picture picture = drawn();
-    EXPECT_EQ(picture.at(48, 92), kBlue);
+    EXPECT_EQ(picture.at(48, 92), kDarkBlue);
     EXPECT_EQ(picture.at(47, 92), kBlack);
 }
 
@@ -415,7 +415,7 @@ TEST_F(ListDrawingTest, TwoLinesStandAboveEachOther) {
 }
 
 TEST_F(ListDrawingTest, TheSecondLineFollowsTheTextColumn) {
-    const auto icon = plainSurface(64, 64, kBlue);
+    const auto icon = plainSurface(64, 64, kDarkBlue);
     menu->insertItem(new IconRow("Row", icon.get()));
     auto* item = static_cast<TextMenuItem*>(menu->getItemByIndex(0));
     item->hasSubLabel = true;
@@ -430,7 +430,7 @@ TEST_F(ListDrawingTest, TheSecondLineFollowsTheTextColumn) {
 
 TEST_F(ListDrawingTest, ARowThatIsNotThereYetShowsItsNumberAndTheLoadingText) {
     menu->showListNum = true;
-    menu->selBg = plainSurface(100, 88, kRed).release();
+    menu->selBg = plainSurface(100, 88, kDarkRed).release();
     menu->insertItem(nullptr);
     menu->mName = "load";
     EXPECT_TRUE(picturesMatch(drawn(), paint([this] {
@@ -529,8 +529,8 @@ TEST_F(ListDrawingTest, ALongLabelIsCutBetweenCharacters) {
 
 TEST_F(ListDrawingTest, NumberMarkerAndIconTakeTheirRoomFromTheText) {
     const std::string wide(100, 'i');
-    const auto mark = plainSurface(16, 32, kRed);
-    const auto icon = plainSurface(300, 64, kBlue);
+    const auto mark = plainSurface(16, 32, kDarkRed);
+    const auto icon = plainSurface(300, 64, kDarkBlue);
     menu->selMark = mark.get();
     menu->insertItem(new IconRow(wide.c_str(), icon.get()));
     const auto cutAt = [&wide](int width) {
@@ -714,25 +714,25 @@ TEST_F(ListDrawingTest, TheCounterShowsTheCursorFromOneAndAllRows) {
 
 TEST_F(ListDrawingTest, WithoutFontsTheBackgroundsAndIconsAreStillDrawn) {
     uninit_shared_skin();
-    const auto icon = plainSurface(64, 64, kBlue);
+    const auto icon = plainSurface(64, 64, kDarkBlue);
     menu->showStatNum = true;
-    menu->selBg = plainSurface(1260, 88, kRed).release();
+    menu->selBg = plainSurface(1260, 88, kDarkRed).release();
     menu->insertItem(new IconRow("Row", icon.get()));
     menu->mName = "r";
     const Picture picture = drawn();
-    EXPECT_EQ(picture.count(kBlue), 64 * 64);
-    EXPECT_EQ(picture.count(kRed), 1260 * 88 - 64 * 64);
+    EXPECT_EQ(picture.count(kDarkBlue), 64 * 64);
+    EXPECT_EQ(picture.count(kDarkRed), 1260 * 88 - 64 * 64);
 }
 
 TEST_F(ListDrawingTest, ACursorPastTheEndOfAShrunkenListMarksNoRow) {
-    menu->selBg = plainSurface(100, 88, kRed).release();
-    menu->normalBg = plainSurface(100, 88, kBlue).release();
+    menu->selBg = plainSurface(100, 88, kDarkRed).release();
+    menu->normalBg = plainSurface(100, 88, kDarkBlue).release();
     addRows(6);
     menu->mCurIndex = 5;
     drawn();
     menu->removeItem(5);
     const Picture picture = drawn();
-    EXPECT_EQ(picture.count(kRed), 0);
+    EXPECT_EQ(picture.count(kDarkRed), 0);
     EXPECT_EQ(menu->mFirstIndex, 0);
     EXPECT_EQ(menu->mLastIndex, 4);
 }

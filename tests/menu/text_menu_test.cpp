@@ -18,10 +18,10 @@ using ::testing::IsEmpty;
 namespace {
 
 // A row that counts its end.
-class CountedItem : public TextMenuItem {
+class MortalItem : public TextMenuItem {
 public:
-    CountedItem(const char* words, int& deaths) : TextMenuItem(words, nullptr, nullptr, false), mDeaths(deaths) {}
-    ~CountedItem() override { ++mDeaths; }
+    MortalItem(const char* words, int& deaths) : TextMenuItem(words, nullptr, nullptr, false), mDeaths(deaths) {}
+    ~MortalItem() override { ++mDeaths; }
 
 private:
     int& mDeaths;
@@ -31,7 +31,7 @@ class TextMenuTest : public DeviceTest {
 protected:
     TextMenuTest() { initLogger(0); }
 
-    CountedItem* item(const char* label) { return new CountedItem(label, deaths); }
+    MortalItem* item(const char* label) { return new MortalItem(label, deaths); }
     static std::vector<std::string> labels(TextMenu& menu) {
         std::vector<std::string> result;
         for (TextMenuItemProvider* row : menu.items) result.push_back(row == nullptr ? "(null)" : row->getLabel());

@@ -15,13 +15,13 @@ struct InitialLevels {
     int temperature = getColorTemperature();
     int saturation = getSaturation();
 };
-const InitialLevels kInitial;
+const InitialLevels kInitialLevels;
 
 TEST(DisplayInitialTest, LevelsBeforeAnyLoad) {
-    EXPECT_EQ(kInitial.brightness, 5);
-    EXPECT_EQ(kInitial.contrast, 5);
-    EXPECT_EQ(kInitial.temperature, 10);
-    EXPECT_EQ(kInitial.saturation, 5);
+    EXPECT_EQ(kInitialLevels.brightness, 5);
+    EXPECT_EQ(kInitialLevels.contrast, 5);
+    EXPECT_EQ(kInitialLevels.temperature, 10);
+    EXPECT_EQ(kInitialLevels.saturation, 5);
 }
 
 struct DisplayRow {

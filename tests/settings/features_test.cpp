@@ -21,12 +21,12 @@ constexpr char kOnCard[] = "/mnt/SDCARD/features.json";
 constexpr char kBuiltIn[] = "/usr/ostrel/features.json";
 
 // Read before main: the values live as long as the process, and other tests change them.
-struct InitialValues {
+struct InitialFeatures {
     int bluetooth = isBluetoothEanbled();
     int suspend = isSuspendEnabled();
     int batteryTemp = isBatteryTempEnabled();
 };
-const InitialValues kInitial;
+const InitialFeatures kInitialFeatures;
 
 class FeaturesTest : public ostreltest::DeviceTest {
 protected:
@@ -58,9 +58,9 @@ private:
 };
 
 TEST(FeaturesInitialTest, ValuesBeforeAnyLoad) {
-    EXPECT_EQ(kInitial.bluetooth, 0);
-    EXPECT_EQ(kInitial.suspend, 1);
-    EXPECT_EQ(kInitial.batteryTemp, 0);
+    EXPECT_EQ(kInitialFeatures.bluetooth, 0);
+    EXPECT_EQ(kInitialFeatures.suspend, 1);
+    EXPECT_EQ(kInitialFeatures.batteryTemp, 0);
 }
 
 TEST_F(FeaturesTest, ReadsTheThreeFeatures) {

@@ -9,13 +9,13 @@ namespace {
 
 // What the library answers before anything was loaded or set; read before main, because the values live as long as the
 // process and other tests change them.
-struct InitialValues {
+struct InitialSettings {
     std::string language = getSystemLanguage();
     bool zoneIsNull = getTimeZone() == nullptr;
     int clock24 = get24HourClockFlag();
     int networkTime = getSyncTimeFromNetworkFlag();
 };
-const InitialValues kInitial;
+const InitialSettings kInitialSettings;
 
 class SystemSettingsTest : public ostreltest::DeviceTest {
 protected:
@@ -38,10 +38,10 @@ private:
 };
 
 TEST(SystemSettingsInitialTest, ValuesBeforeAnyLoad) {
-    EXPECT_EQ(kInitial.language, "en.lang");
-    EXPECT_TRUE(kInitial.zoneIsNull);
-    EXPECT_EQ(kInitial.clock24, 1);
-    EXPECT_EQ(kInitial.networkTime, 1);
+    EXPECT_EQ(kInitialSettings.language, "en.lang");
+    EXPECT_TRUE(kInitialSettings.zoneIsNull);
+    EXPECT_EQ(kInitialSettings.clock24, 1);
+    EXPECT_EQ(kInitialSettings.networkTime, 1);
 }
 
 // Language.

@@ -14,7 +14,7 @@ using ::testing::IsEmpty;
 using ::testing::Pair;
 
 // Read before main: the values live as long as the process, and other tests change them.
-struct InitialValues {
+struct InitialState {
     int keyTone = gEnableKeyTone;
     int joystick = gUseJoystick;
     int netPlayTab = gEnableNetPlayTab;
@@ -29,22 +29,22 @@ struct InitialValues {
     int ssh = gEnableSSH;
     const char* storeUrl = gStoreUrl;
 };
-const InitialValues kInitial;
+const InitialState kInitialState;
 
 TEST(SystemStateInitialTest, ValuesBeforeAnyLoad) {
-    EXPECT_EQ(kInitial.keyTone, 1);
-    EXPECT_EQ(kInitial.joystick, 1);
-    EXPECT_EQ(kInitial.netPlayTab, 1);
-    EXPECT_EQ(kInitial.appsTab, 1);
-    EXPECT_EQ(kInitial.portsTab, 1);
-    EXPECT_EQ(kInitial.retroGameTab, 1);
-    EXPECT_EQ(kInitial.bestsTab, 1);
-    EXPECT_EQ(kInitial.recentPlayedTab, 1);
-    EXPECT_EQ(kInitial.focusOnTab, 1);
-    EXPECT_EQ(kInitial.favoriteTab, 1);
-    EXPECT_EQ(kInitial.homeWindow, 1);
-    EXPECT_EQ(kInitial.ssh, 0);
-    EXPECT_EQ(kInitial.storeUrl, nullptr);
+    EXPECT_EQ(kInitialState.keyTone, 1);
+    EXPECT_EQ(kInitialState.joystick, 1);
+    EXPECT_EQ(kInitialState.netPlayTab, 1);
+    EXPECT_EQ(kInitialState.appsTab, 1);
+    EXPECT_EQ(kInitialState.portsTab, 1);
+    EXPECT_EQ(kInitialState.retroGameTab, 1);
+    EXPECT_EQ(kInitialState.bestsTab, 1);
+    EXPECT_EQ(kInitialState.recentPlayedTab, 1);
+    EXPECT_EQ(kInitialState.focusOnTab, 1);
+    EXPECT_EQ(kInitialState.favoriteTab, 1);
+    EXPECT_EQ(kInitialState.homeWindow, 1);
+    EXPECT_EQ(kInitialState.ssh, 0);
+    EXPECT_EQ(kInitialState.storeUrl, nullptr);
 }
 
 // Every number of the settings file, one row each.

@@ -23,7 +23,7 @@ struct WaitState {
     std::string threadName;
 };
 
-WaitState& state() {
+WaitState& waitState() {
     static auto* instance = new WaitState;  // outlives every thread that may still wait
     return *instance;
 }
@@ -38,7 +38,7 @@ std::string nameOfThisThread() {
 
 // The library binds to these, because a program's definitions come before those of its libraries.
 int SDL_CondWaitTimeout(SDL_cond* cond, SDL_mutex* mutex, Uint32 ms) {
-    WaitState& wait = state();
+    WaitState& wait = waitState();
     std::unique_lock<std::mutex> guard(wait.lock);
     if (!wait.driven) {
         guard.unlock();
@@ -61,7 +61,7 @@ int SDL_CondWaitTimeout(SDL_cond* cond, SDL_mutex* mutex, Uint32 ms) {
 
 int SDL_CondSignal(SDL_cond* cond) {
     {
-        WaitState& wait = state();
+        WaitState& wait = waitState();
         const std::lock_guard<std::mutex> guard(wait.lock);
         ++wait.signals;
         wait.signalled = true;
@@ -73,7 +73,7 @@ int SDL_CondSignal(SDL_cond* cond) {
 namespace ostreltest {
 
 DrivenWait::DrivenWait() {
-    WaitState& wait = state();
+    WaitState& wait = waitState();
     const std::lock_guard<std::mutex> guard(wait.lock);
     wait.driven = true;
     wait.signals = 0;
@@ -82,20 +82,20 @@ DrivenWait::DrivenWait() {
 }
 
 DrivenWait::~DrivenWait() {
-    WaitState& wait = state();
+    WaitState& wait = waitState();
     const std::lock_guard<std::mutex> guard(wait.lock);
     wait.driven = false;
     wait.changed.notify_all();
 }
 
 void DrivenWait::awaitWaiting() {
-    WaitState& wait = state();
+    WaitState& wait = waitState();
     std::unique_lock<std::mutex> guard(wait.lock);
     wait.changed.wait(guard, [&wait] { return wait.waiting && !wait.signalled; });
 }
 
 void DrivenWait::timeOut() {
-    WaitState& wait = state();
+    WaitState& wait = waitState();
     std::unique_lock<std::mutex> guard(wait.lock);
     wait.changed.wait(guard, [&wait] { return wait.waiting && !wait.signalled; });
     const std::size_t waits = wait.spans.size();
@@ -105,18 +105,18 @@ void DrivenWait::timeOut() {
 }
 
 int DrivenWait::signals() const {
-    const std::lock_guard<std::mutex> guard(state().lock);
-    return state().signals;
+    const std::lock_guard<std::mutex> guard(waitState().lock);
+    return waitState().signals;
 }
 
 std::vector<Uint32> DrivenWait::spans() const {
-    const std::lock_guard<std::mutex> guard(state().lock);
-    return state().spans;
+    const std::lock_guard<std::mutex> guard(waitState().lock);
+    return waitState().spans;
 }
 
 std::string DrivenWait::threadName() const {
-    const std::lock_guard<std::mutex> guard(state().lock);
-    return state().threadName;
+    const std::lock_guard<std::mutex> guard(waitState().lock);
+    return waitState().threadName;
 }
 
 }  // namespace ostreltest

@@ -17,7 +17,7 @@ struct MixerState {
     Mix_Chunk* lastChunk = nullptr;
 };
 
-MixerState& state() {
+MixerState& mixerState() {
     static auto* instance = new MixerState;
     return *instance;
 }
@@ -27,7 +27,7 @@ MixerState& state() {
 // The library binds to these, because a program's definitions come before those of its libraries.
 int Mix_QuerySpec(int* frequency, Uint16* format, int* channels) {
     {
-        MixerState& mixer = state();
+        MixerState& mixer = mixerState();
         const std::lock_guard<std::mutex> guard(mixer.lock);
         if (mixer.faked) return mixer.open ? 1 : 0;
     }
@@ -36,7 +36,7 @@ int Mix_QuerySpec(int* frequency, Uint16* format, int* channels) {
 
 int Mix_HaltChannel(int channel) {
     {
-        MixerState& mixer = state();
+        MixerState& mixer = mixerState();
         const std::lock_guard<std::mutex> guard(mixer.lock);
         if (mixer.faked) {
             mixer.calls.push_back("halt " + std::to_string(channel));
@@ -48,7 +48,7 @@ int Mix_HaltChannel(int channel) {
 
 int Mix_PlayChannelTimed(int channel, Mix_Chunk* chunk, int loops, int ticks) {
     {
-        MixerState& mixer = state();
+        MixerState& mixer = mixerState();
         const std::lock_guard<std::mutex> guard(mixer.lock);
         if (mixer.faked) {
             mixer.calls.push_back("play " + std::to_string(channel) + " " + std::to_string(loops) + " " +
@@ -63,7 +63,7 @@ int Mix_PlayChannelTimed(int channel, Mix_Chunk* chunk, int loops, int ticks) {
 namespace ostreltest {
 
 FakeMixer::FakeMixer() {
-    MixerState& mixer = state();
+    MixerState& mixer = mixerState();
     const std::lock_guard<std::mutex> guard(mixer.lock);
     mixer.faked = true;
     mixer.open = true;
@@ -73,33 +73,33 @@ FakeMixer::FakeMixer() {
 }
 
 FakeMixer::~FakeMixer() {
-    const std::lock_guard<std::mutex> guard(state().lock);
-    state().faked = false;
+    const std::lock_guard<std::mutex> guard(mixerState().lock);
+    mixerState().faked = false;
 }
 
 void FakeMixer::close() {
-    const std::lock_guard<std::mutex> guard(state().lock);
-    state().open = false;
+    const std::lock_guard<std::mutex> guard(mixerState().lock);
+    mixerState().open = false;
 }
 
 void FakeMixer::failPlaying(const std::string& error) {
-    const std::lock_guard<std::mutex> guard(state().lock);
-    state().playError = error;
+    const std::lock_guard<std::mutex> guard(mixerState().lock);
+    mixerState().playError = error;
 }
 
 std::vector<std::string> FakeMixer::calls() const {
-    const std::lock_guard<std::mutex> guard(state().lock);
-    return state().calls;
+    const std::lock_guard<std::mutex> guard(mixerState().lock);
+    return mixerState().calls;
 }
 
 Mix_Chunk* FakeMixer::lastChunk() const {
-    const std::lock_guard<std::mutex> guard(state().lock);
-    return state().lastChunk;
+    const std::lock_guard<std::mutex> guard(mixerState().lock);
+    return mixerState().lastChunk;
 }
 
 void FakeMixer::clear() {
-    const std::lock_guard<std::mutex> guard(state().lock);
-    state().calls.clear();
+    const std::lock_guard<std::mutex> guard(mixerState().lock);
+    mixerState().calls.clear();
 }
 
 }  // namespace ostreltest

@@ -22,7 +22,7 @@ using ostreltest::Picture;
 using ostreltest::plainSurface;
 using ostreltest::ScriptWindow;
 
-constexpr Colour kRed{200, 0, 0, 255};
+constexpr Colour kDarkRed{200, 0, 0, 255};
 
 class LoopOnScreen : public ostreltest::ScreenTest {
 protected:
@@ -43,7 +43,7 @@ protected:
     ScriptWindow* pushRedWindow() {
         auto* window = new ScriptWindow(mDiary, "red", 4);
         window->onDraw = [window] {
-            FillRect(nullptr, nullptr, kRed.r, kRed.g, kRed.b, 255);
+            FillRect(nullptr, nullptr, kDarkRed.r, kDarkRed.g, kDarkRed.b, 255);
             DrawString(gNavFont, {100, 100, 400, 50}, "text", gNavColorTxt, 0, true, false);
             window->drawNavBar(0);
             window->drawStatBar(0);
@@ -71,7 +71,7 @@ std::function<int()> quitAfter(int frames) {
 }
 
 TEST_F(LoopLifecycle, WindowsGoOnDrawingAfterTheQuitEvent) {
-    const auto image = plainSurface(30, 20, kRed);
+    const auto image = plainSurface(30, 20, kDarkRed);
     ScriptWindow* window = pushRedWindow();
     const auto drawRed = window->onDraw;
     window->onDraw = [&] {
@@ -98,8 +98,8 @@ TEST_F(LoopLifecycle, NextLoopRunsOnANewScreen) {
     ASSERT_EQ(ScreenInit(1280, 720, 32, 0), 1);
     pushRedWindow()->onEvents = quitAfter(2);
     runWindows(stack());
-    EXPECT_EQ(Picture::ofWindow().at(640, 360), kRed);
-    EXPECT_NE(Picture::ofWindow().count(kRed), 1280 * 720);  // the text is there
+    EXPECT_EQ(Picture::ofWindow().at(640, 360), kDarkRed);
+    EXPECT_NE(Picture::ofWindow().count(kDarkRed), 1280 * 720);  // the text is there
 }
 
 // No key arrives once SDL is gone, so this dialog closes by itself.
@@ -118,7 +118,7 @@ private:
 TEST_F(LoopLifecycle, DialogOutlivesTheScreen) {
     pushRedWindow()->onEvents = quitAfter(1);
     auto* dialog = new ClosingDialog;
-    dialog->mExtra = plainSurface(30, 20, kRed).release();
+    dialog->mExtra = plainSurface(30, 20, kDarkRed).release();
     add2PopupList(dialog);
     postQuit();
     runWindows(stack());
@@ -133,7 +133,7 @@ TEST_F(DialogLoop, DialogStandsOverTheFrozenScreenUntilItIsAnswered) {
     auto* dialog = new DialogWindow("", "", false, nullptr, nullptr);
     add2PopupList(dialog);
     EXPECT_EQ(dialog->mSnapshot, nullptr);
-    window->onDraw = [] { FillRect(nullptr, nullptr, kRed.r, kRed.g, kRed.b, 255); };
+    window->onDraw = [] { FillRect(nullptr, nullptr, kDarkRed.r, kDarkRed.g, kDarkRed.b, 255); };
     ostreltest::pushKey(SDL_KEYUP, SDLK_SPACE);
     LogCapture log;
     runWindows(stack());
@@ -144,7 +144,7 @@ TEST_F(DialogLoop, DialogStandsOverTheFrozenScreenUntilItIsAnswered) {
 
 TEST_F(DialogLoop, SnapshotShowsTheFrameThatWasDrawnLast) {
     ScriptWindow* window = pushRedWindow();
-    window->onDraw = [] { FillRect(nullptr, nullptr, kRed.r, kRed.g, kRed.b, 255); };
+    window->onDraw = [] { FillRect(nullptr, nullptr, kDarkRed.r, kDarkRed.g, kDarkRed.b, 255); };
     window->onEvents = quitAfter(1);
 
     struct Peeking : FloatWindow {
@@ -159,7 +159,7 @@ TEST_F(DialogLoop, SnapshotShowsTheFrameThatWasDrawnLast) {
     add2PopupList(new Peeking(seen));
     runWindows(stack());
     EXPECT_EQ(seen.width(), 1280);
-    EXPECT_EQ(seen.count(kRed), 1280 * 720);
+    EXPECT_EQ(seen.count(kDarkRed), 1280 * 720);
 }
 
 TEST_F(DialogLoop, ActionMayAskTheNextQuestion) {

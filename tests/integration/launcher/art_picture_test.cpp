@@ -14,12 +14,12 @@ using launcher::loadPicture;
 using ostreltest::Colour;
 using ostreltest::Picture;
 
-constexpr Colour kRed{200, 30, 10, 255};
+constexpr Colour kDarkRed{200, 30, 10, 255};
 
 class ArtPictureTest : public ostreltest::DeviceTest {
 protected:
     std::string plain(int width, int height) {
-        ostreltest::writePlainPng(device().path("a.png"), width, height, kRed);
+        ostreltest::writePlainPng(device().path("a.png"), width, height, kDarkRed);
         return "a.png";
     }
 };
@@ -53,8 +53,8 @@ TEST_F(ArtPictureTest, APictureOfTheBoxesRatioFillsIt) {
     ASSERT_NE(pixels, nullptr);
     EXPECT_EQ(pixels->w, 66);
     EXPECT_EQ(pixels->h, 88);
-    EXPECT_EQ(pixel(pixels, 0, 0), kRed);
-    EXPECT_EQ(pixel(pixels, 65, 87), kRed);
+    EXPECT_EQ(pixel(pixels, 0, 0), kDarkRed);
+    EXPECT_EQ(pixel(pixels, 65, 87), kDarkRed);
 }
 
 TEST_F(ArtPictureTest, ANarrowPictureStandsInTheMiddleOfItsWidth) {
@@ -63,8 +63,8 @@ TEST_F(ArtPictureTest, ANarrowPictureStandsInTheMiddleOfItsWidth) {
     EXPECT_EQ(pixels->w, 64);
     EXPECT_EQ(pixels->h, 88);
     EXPECT_EQ(pixel(pixels, 27, 40), (Colour{0, 0, 0, 0}));
-    EXPECT_EQ(pixel(pixels, 28, 40), kRed);
-    EXPECT_EQ(pixel(pixels, 35, 40), kRed);
+    EXPECT_EQ(pixel(pixels, 28, 40), kDarkRed);
+    EXPECT_EQ(pixel(pixels, 35, 40), kDarkRed);
     EXPECT_EQ(pixel(pixels, 36, 40), (Colour{0, 0, 0, 0}));
 }
 
@@ -79,7 +79,7 @@ TEST_F(ArtPictureTest, OnePixelGrowsToAPlainSquare) {
     const auto pixels = loadPicture(plain(1, 1), 64, 88);
     ASSERT_NE(pixels, nullptr);
     EXPECT_EQ(pixels->h, 64);
-    EXPECT_EQ(pixel(pixels, 63, 63), kRed);
+    EXPECT_EQ(pixel(pixels, 63, 63), kDarkRed);
 }
 
 TEST_F(ArtPictureTest, FineLinesBecomeTheirMeanInsteadOfVanishing) {
@@ -132,7 +132,7 @@ TEST_F(ArtPictureTest, APictureThatAnnouncesAnUnreasonableSizeIsNotDecoded) {
 }
 
 TEST_F(ArtPictureTest, APictureOfTheLargestSizeIsRead) {
-    ostreltest::writePlainPng(device().path("large.png"), 4096, 3, kRed);
+    ostreltest::writePlainPng(device().path("large.png"), 4096, 3, kDarkRed);
     EXPECT_NE(loadPicture("large.png", 30, 40), nullptr);
 }
 
