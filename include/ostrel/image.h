@@ -1,8 +1,9 @@
 /// @file  image.h: images from the theme, and thumbnails.
 /// Threads: UI thread only.  Owner: who gets a new surface deletes it.
-/// Files: PNG and whatever else SDL2_image reads. Directory and name are put together as they are, so directories end
-///   in "/". Images without 32 bits in a pixel are copied into 32-bit ones, with a log line, except thumbnails that
-///   have the wanted size already. Every surface keeps its pixels in memory, so that it can be cut and scaled later.
+/// Files: PNG and whatever else SDL2_image reads, except XCF, whose damaged files it does not survive: those count as
+///   broken. Directory and name are put together as they are, so directories end in "/". Images without 32 bits in a
+///   pixel are copied into 32-bit ones, with a log line, except thumbnails that have the wanted size already. Every
+///   surface keeps its pixels in memory, so that it can be cut and scaled later.
 /// A file that is missing or cannot be read gives null, and nothing is logged.
 #pragma once
 #include "ostrel/export.h"

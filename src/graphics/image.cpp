@@ -15,6 +15,7 @@
 #include "ostrel/screen.h"
 #include "ostrel/surface.h"
 
+using ostrel::RwOpsPtr;
 using ostrel::SurfacePtr;
 using ostrel::TexturePtr;
 
@@ -24,7 +25,14 @@ constexpr int kPixelBytes = 4;  // what surfaces keep, whatever the file holds
 
 bool isAbsolute(const char* name) { return name[0] == '/'; }
 
-SurfacePtr decode(const char* path) { return SurfacePtr{path == nullptr ? nullptr : IMG_Load(path)}; }
+// A paint program's own format, whose loader writes through null when a damaged file asks for more memory than there
+// is. Themes and games have no such images, so they all count as broken. (AnXcfImageCountsAsBroken)
+bool isXcf(const char* path) {
+    const RwOpsPtr file{SDL_RWFromFile(path, "rb")};
+    return file != nullptr && IMG_isXCF(file.get()) != 0;
+}
+
+SurfacePtr decode(const char* path) { return SurfacePtr{path == nullptr || isXcf(path) ? nullptr : IMG_Load(path)}; }
 
 SurfacePtr decode(const char* directory, const char* name) {
     if (directory == nullptr) return nullptr;

@@ -2,6 +2,8 @@
 
 #include <sys/stat.h>
 
+#include <SDL_image.h>
+
 #include <csignal>
 #include <memory>
 #include <string>
@@ -120,6 +122,22 @@ TEST_F(ThemeImage, ComesFromTheFallbackWhenTheThemesFileIsBroken) {
     LogCapture log;
     EXPECT_NE(load(theme().c_str(), "./", "skin/bg.png"), nullptr);
     EXPECT_EQ(log.lines(), Lines{theme() + "/skin/bg.png open fail, use .//skin/bg.png"});
+}
+
+// The smallest image of that kind: 3 x 2 pixels without a layer. SDL2_image reads it, and crashes on damaged ones.
+TEST_F(ThemeImage, AnXcfImageCountsAsBroken) {
+    using namespace std::string_literals;
+    const std::string noPropertiesNoLayers(12, '\0');
+    device().write("/theme/art.xcf", "gimp xcf file\0\0\0\0\3\0\0\0\2\0\0\0\0"s + noPropertiesNoLayers);
+    SDL_Surface* readable = IMG_Load(device().path("/theme/art.xcf").c_str());
+    EXPECT_NE(readable, nullptr) << SDL_GetError();
+    SDL_FreeSurface(readable);
+    LogCapture log;
+    EXPECT_EQ(loadFile("/theme/art.xcf"), nullptr);
+    EXPECT_EQ(load(theme().c_str(), "./", "art.xcf"), nullptr);
+    EXPECT_EQ(own(LoadOstrelSurfaceSpecSized(device().path("/theme/art.xcf").c_str(), 3, 2, nullptr, false, false)),
+              nullptr);
+    EXPECT_EQ(log.text(), "");
 }
 
 TEST_F(ThemeImage, LogsTheSubstitutionWithoutATheme) {
