@@ -2,7 +2,8 @@
 # Builds library, launcher and tests for 64-bit ARM and runs the whole suite in an emulator of that processor.
 #   ./scripts/cross-arm64.sh [--build | --signed-char] [ctest option]...
 # Debian's cross compiler builds against Debian's arm64 libraries; what is missing is installed beside this machine's own.
-# --build runs no tests; --signed-char builds and tests with the char of x86-64. The rest goes to ctest: -R Visit, -LE slow.
+# --build runs no tests; --signed-char builds and tests with the char of x86-64. The rest goes to ctest, which
+# knows the test programs by name: -R ostrel_menu_tests.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 # shellcheck source=scripts/lib/install-packages.sh
@@ -12,7 +13,7 @@ source scripts/lib/packages.sh
 # shellcheck source=scripts/lib/build-and-test.sh
 source scripts/lib/build-and-test.sh
 
-usage() { sed -n '2,5s/^# \{0,1\}//p' "$0"; }
+usage() { sed -n '2,6s/^# \{0,1\}//p' "$0"; }
 
 main() {
     local preset=arm64 tests=yes

@@ -74,9 +74,9 @@ called '^cmake --build --preset arm64 '
 called '^ctest --preset arm64 --parallel [0-9]*$'
 
 prepare
-cross 0 --signed-char -R Visit
+cross 0 --signed-char -R menu_tests
 called '^cmake --build --preset arm64-signed-char '
-called '^ctest --preset arm64-signed-char --parallel [0-9]* -R Visit$'
+called '^ctest --preset arm64-signed-char --parallel [0-9]* -R menu_tests$'
 
 prepare
 cross 0 --build
