@@ -20,11 +20,11 @@ constexpr int kValueLeft = 440;
 constexpr int kShortValueWidth = 520;
 constexpr SDL_Point kMeterSize{240, 8};
 constexpr int kRuleHeight = 2;
-constexpr Uint8 kEmptyMeter = 56;
+constexpr Uint8 kFaintFill = 56;
 
 void drawMeter(int y, int percent) {
     SDL_Rect bar{kPage.x + kPage.w - kMeterSize.x, y + (kPageRowHeight - kMeterSize.y) / 2, kMeterSize.x, kMeterSize.y};
-    fillPlace(bar, gListColorSubtxt, kEmptyMeter);
+    fillPlace(bar, gListColorSubtxt, kFaintFill);
     bar.w = bar.w * percent / 100;
     fillPlace(bar, gHighlightColor, kSolid);
 }
@@ -64,7 +64,7 @@ void AboutWindow::draw() {
     LauncherWindow::draw();
     int y = kPage.y;
     for (const AboutLine& line : mLines) {
-        if (y > kPage.y) fillPlace({kPage.x, y - kRuleHeight / 2, kPage.w, kRuleHeight}, gListColorSubtxt, kEmptyMeter);
+        if (y > kPage.y) fillPlace({kPage.x, y - kRuleHeight / 2, kPage.w, kRuleHeight}, gListColorSubtxt, kFaintFill);
         drawLine(line, y);
         y += kPageRowHeight;
     }
