@@ -2,8 +2,9 @@
 # Installs the three packages in a bare Debian 12 and lets an ordinary user play a visit there, without a display.
 #   ./scripts/test-packages.sh [--arm64] [DIRECTORY] [SHOTS]
 # DIRECTORY holds the .deb files that scripts/package.sh made (default: build/packages), SHOTS gets the pictures (default:
-# build/packages/shots). --arm64 takes the packages of 64-bit ARM; an emulator runs their launcher there. The bare system comes from this machine's own apt sources; it lies in a temporary folder and is
-# gone afterwards. Ends with 77 and the reason where such a system cannot be made, with 1 when a package is at fault.
+# build/packages/shots). --arm64 takes the packages of 64-bit ARM, whose launcher an emulator runs there. The bare system
+# comes from this machine's own apt sources; it lies in a temporary folder and is gone afterwards. Ends with 77 and the
+# reason where such a system cannot be made, with 1 when a package is at fault.
 set -euo pipefail
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 readonly root
