@@ -1,6 +1,8 @@
 #include "support/fake_shell.h"
 
-#include <dlfcn.h>
+#include <cstdlib>
+
+#include "support/next_function.h"
 
 namespace ostreltest {
 
@@ -14,7 +16,5 @@ std::function<int(const std::string& command)>& fakeShell() {
 // The library binds to this one, because a program's definitions come before those of its libraries.
 extern "C" int system(const char* command) {
     if (ostreltest::fakeShell()) return ostreltest::fakeShell()(command);
-    using System = int (*)(const char*);
-    static const auto kReal = reinterpret_cast<System>(dlsym(RTLD_NEXT, "system"));
-    return kReal(command);
+    return ostreltest::nextFunction<decltype(system)>("system")(command);
 }
