@@ -27,10 +27,12 @@ public:
 /// The thread and the jobs that wait for it, last in, first out.
 class OSTREL_API BGWorkThread {
 public:
-    /// Starts the thread. @param maxWorkers how many jobs may wait; 5 when it is 0 or negative.
+    /// Starts the thread. @param maxWorkers how many jobs may wait; 5 when it is 0 or negative. When SDL cannot make a
+    /// thread, jobs only wait, without a message.
     explicit BGWorkThread(int maxWorkers);
-    /// Lets the running job finish, ends the thread and deletes the jobs that still wait, newest first. Not to be
-    /// called from a job.
+    /// Lets the running job finish, ends the thread and deletes the jobs that still wait, newest first, on the caller's
+    /// thread. Their destructors may still add and take jobs; what they add is deleted as well. Not to be called from a
+    /// job.
     ~BGWorkThread();
     BGWorkThread(const BGWorkThread&) = delete;
     BGWorkThread& operator=(const BGWorkThread&) = delete;

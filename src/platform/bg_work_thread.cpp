@@ -1,6 +1,7 @@
 #include "ostrel/bg_work_thread.h"
 
 #include <memory>
+#include <utility>
 
 #include "platform/handles.h"
 
@@ -27,9 +28,10 @@ BGWorkThread::~BGWorkThread() {
         SDL_CondSignal(mCond);
     }
     SDL_WaitThread(mThread, nullptr);
-    SDL_DestroyMutex(mMutex);
-    SDL_DestroyCond(mCond);
-    for (BGWorker* worker : mWorkers) delete worker;
+    SDL_DestroyMutex(std::exchange(mMutex, nullptr));
+    SDL_DestroyCond(std::exchange(mCond, nullptr));
+    // Taken out one by one, without a lock: a job's destructor may still add and take jobs, with nobody beside it.
+    while (!mWorkers.empty()) delete getWorker();
 }
 
 int BGWorkThread::addWorker(BGWorker* worker) {

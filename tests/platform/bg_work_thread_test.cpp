@@ -208,6 +208,29 @@ TEST_F(BGWorkThreadLifecycleTest, DestructorLetsTheRunningJobFinishAndDeletesThe
     EXPECT_THAT(journal.lines(), ElementsAre("busy done", "busy deleted", "C deleted", "B deleted", "A deleted"));
 }
 
+// Has somebody else do its work once it is deleted.
+class Handing : public Job {
+public:
+    Handing(Journal& lines, BGWorkThread& queue, BGWorker* heir) : Job(lines, "handing"), mQueue(queue), mHeir(heir) {}
+    ~Handing() override { mQueue.addWorker(mHeir); }
+
+private:
+    BGWorkThread& mQueue;
+    BGWorker* mHeir;
+};
+
+TEST_F(BGWorkThreadLifecycleTest, JobDeletedWithTheQueueMayStillAddToIt) {
+    whenJoining() = [this] { door.open(); };
+    {
+        BGWorkThread thread(2);
+        keepBusy(thread);
+        thread.addWorker(job("A"));
+        thread.addWorker(new Handing(journal, thread, job("heir")));
+    }
+    EXPECT_THAT(journal.lines(),
+                ElementsAre("busy done", "busy deleted", "handing deleted", "heir deleted", "A deleted"));
+}
+
 TEST_F(BGWorkThreadLifecycleTest, IdleThreadEndsAtOnce) {
     const BGWorkThread thread(5);
     EXPECT_THAT(journal.lines(), IsEmpty());
