@@ -1,9 +1,9 @@
 /// @file  scaler.h: software scalers over raw pixels, for thumbnails and for the frames of games.
 /// Threads: any, except ScaleSurface (UI thread).  Units: pixels, unless a name ends in Bytes.
 /// Pixels: 32 bits in four channels of 8, in any order, or 16 bits in RGB565.  Owner: the buffers stay with the caller,
-/// and nothing is allocated.  Failures: a null buffer, and a size of 0 or below 0, leave the destination as it is,
-/// without a message, unless a function says otherwise; the caller answers for the sizes of both buffers, which must
-/// not overlap.
+/// and nothing is allocated.  Failures: a null buffer, and a size of 0 or below 0 (which an unsigned parameter takes
+/// for one beyond the largest int), leave the destination as it is, without a message, unless a function says
+/// otherwise; the caller answers for the sizes of both buffers, which must not overlap.
 #pragma once
 #include "ostrel/export.h"
 

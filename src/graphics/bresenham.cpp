@@ -26,7 +26,9 @@ struct Frame {
     Pixel* pixels;
     uint32_t width, height, pitch;
 
-    bool empty() const { return pixels == nullptr || width == 0 || height == 0; }
+    // A caller's negative size arrives as one beyond the largest int.
+    static bool isSize(uint32_t size) { return size != 0 && size <= INT32_MAX; }
+    bool empty() const { return pixels == nullptr || !isSize(width) || !isSize(height); }
 };
 
 // The steps through a line of `from` pixels that make `to` of it: whole ones, and one more whenever the error is full.

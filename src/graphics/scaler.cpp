@@ -92,7 +92,7 @@ void bitmap_scale_bilinear(unsigned x, unsigned y, unsigned w, unsigned h, unsig
 
 void bitmap_scale(unsigned short x, unsigned short y, unsigned short w, unsigned short h, unsigned dstW, unsigned dstH,
                   unsigned srcPitch, unsigned dstSkip, unsigned* src, unsigned* dst) {
-    if (src == nullptr || dst == nullptr) return;
+    if (src == nullptr || dst == nullptr || dstW > INT32_MAX || dstH > INT32_MAX) return;
     const uint32_t stepX = fixedStep(w, dstW);
     const uint32_t stepY = fixedStep(h, dstH);
     const uint32_t columns = std::max(dstW, 1U);

@@ -1,5 +1,6 @@
 #include "ostrel/scaler.h"
 
+#include <climits>
 #include <cstddef>
 #include <memory>
 #include <utility>
@@ -7,6 +8,7 @@
 
 #include "ostrel/screen.h"
 #include "ostrel/surface.h"
+#include "support/counted_blocks.h"
 #include "support/log_capture.h"
 #include "support/screen_test.h"
 
@@ -231,6 +233,16 @@ TEST(NearestScalerTest, ColumnsStartAgainAfter65535) {
     EXPECT_EQ(dst, (Pixels{9, 1}));
 }
 
+TEST(NearestScalerTest, TargetSizesBelowNothingWriteNothing) {
+    for (const unsigned below : {unsigned(-1), unsigned(INT_MIN)}) {
+        Pixels src{1};
+        Pixels dst{kUntouched};
+        bitmap_scale(0, 0, 1, 1, below, 1, 1, 0, src.data(), dst.data());
+        bitmap_scale(0, 0, 1, 1, 1, below, 1, 0, src.data(), dst.data());
+        EXPECT_EQ(dst[0], kUntouched);
+    }
+}
+
 TEST(NearestScalerTest, NullBuffersAreLeftAlone) {
     Pixels pixels(1, kUntouched);
     bitmap_scale(0, 0, 1, 1, 1, 1, 1, 0, nullptr, pixels.data());
@@ -343,6 +355,25 @@ TEST(LineScalerTest, SizesOfNothingWriteNothing) {
     }
 }
 
+// A caller's size below 0 arrives as a huge one.
+TEST(LineScalerTest, SizesBelowNothingWriteNothing) {
+    for (const unsigned below : {unsigned(-1), unsigned(INT_MIN)}) {
+        const unsigned sizes[][4] = {{below, 1, 1, 1}, {1, below, 1, 1}, {1, 1, below, 1}, {1, 1, 1, below}};
+        for (const auto& [dstW, dstH, srcW, srcH] : sizes) {
+            Pixels src{1};
+            Pixels dst{kUntouched};
+            Pixels16 src16{1};
+            Pixels16 dst16{0x1234};
+            sdl_rs90_scale_frame32_bresenham_horz(dst.data(), dstW, dstH, 4, src.data(), srcW, srcH, 4);
+            sdl_rs90_scale_frame16_bresenham_horz(dst16.data(), dstW, dstH, 2, src16.data(), srcW, srcH, 2);
+            bitmap_scale_bresenham(0, 0, srcW, srcH, dstW, dstH, 1, 1, src.data(), dst.data());
+            bitmap_scale_bilinear(0, 0, srcW, srcH, dstW, dstH, 1, 0, src.data(), dst.data());
+            EXPECT_EQ(dst[0], kUntouched) << dstW << dstH << srcW << srcH;
+            EXPECT_EQ(dst16[0], 0x1234) << dstW << dstH << srcW << srcH;
+        }
+    }
+}
+
 TEST(LineScalerTest, NullBuffersAreLeftAlone) {
     Pixels pixels{kUntouched};
     Pixels16 pixels16{0x1234};
@@ -404,6 +435,22 @@ TEST(LineScaler16Test, NoSizeReadsOrWritesBeyondTheBuffers) {
             EXPECT_EQ(both, Pixels16(std::size_t{to} * to, 0x1234)) << from << " to " << to;
         }
     }
+}
+
+// ---- memory
+
+TEST(ScalerMemoryTest, NoScalerAsksForMemory) {
+    Pixels src = scattered(400, 40);
+    Pixels dst(area(600, 60));
+    Pixels16 src16(area(400, 40), 0x1234);
+    Pixels16 dst16(area(600, 60));
+    const long before = ostreltest::blocksAsked;
+    resizeBilinear_cpu(src.data(), dst.data(), 400, 40, 600, 60, 1);
+    bitmap_scale_bilinear(0, 0, 400, 40, 600, 60, 400, 0, src.data(), dst.data());
+    bitmap_scale(0, 0, 400, 40, 600, 60, 400, 0, src.data(), dst.data());
+    bitmap_scale_bresenham(0, 0, 400, 40, 600, 60, 400, 0, src.data(), dst.data());
+    sdl_rs90_scale_frame16_bresenham_horz(dst16.data(), 600, 60, 1200, src16.data(), 400, 40, 800);
+    EXPECT_EQ(ostreltest::blocksAsked, before);
 }
 
 // ---- surfaces

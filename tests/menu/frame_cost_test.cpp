@@ -1,12 +1,8 @@
 // What a frame of a list costs: images opened, texts rendered, blocks of memory asked for, rows looked at.
-#include <dlfcn.h>
-
 #include <SDL_image.h>
 
-#include <cstdlib>
 #include <functional>
 #include <memory>
-#include <new>
 
 #include "ostrel/bars.h"
 #include "ostrel/image.h"
@@ -16,12 +12,14 @@
 #include "ostrel/skin.h"
 #include "ostrel/text.h"
 #include "ostrel/text_menu.h"
+#include "support/counted_blocks.h"
 #include "support/fake_host.h"
 #include "support/log_capture.h"
 #include "support/screen_test.h"
 #include "support/sdl_spy.h"
 #include "window/script_window.h"
 
+using ostreltest::blocksAsked;
 using ostreltest::Canvas;
 using ostreltest::LogCapture;
 using ostreltest::ScreenTest;
@@ -29,26 +27,6 @@ using ostreltest::SdlSpy;
 using ostreltest::writePlainPng;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
-
-namespace {
-
-long blocksAsked;
-
-}  // namespace
-
-// The library and the C++ runtime bind to these, because a program's definitions come before those of its libraries.
-void* operator new(std::size_t size) {
-    ++blocksAsked;
-    void* block = std::malloc(size);
-    if (block == nullptr) throw std::bad_alloc();
-    return block;
-}
-void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
-    ++blocksAsked;
-    return std::malloc(size);
-}
-void operator delete(void* block) noexcept { std::free(block); }
-void operator delete(void* block, std::size_t) noexcept { std::free(block); }
 
 namespace {
 
