@@ -1,7 +1,8 @@
 /// @file  input.h: logical keys out of game-pad, joystick and keyboard.
 /// Buttons act when they are released, directions when they are pressed. A direction of the D-pad that stays pressed is
 /// repeated while runWindows runs: first after half a second, then about ten times a second.
-/// Threads: the UI thread (the one that runs runWindows); gKeyChunk is also read by the key-repeat thread.
+/// Threads: the UI thread (the one that runs runWindows). Repeats are posted with SDL_PushEvent and clicked by the
+/// key-repeat thread, so an event filter or watch of the host's runs there too: it must not wait for the UI thread.
 #pragma once
 #include <SDL.h>
 #include <SDL_mixer.h>
@@ -36,10 +37,10 @@ extern OSTREL_API Mix_Chunk* gKeyChunk;
 
 /// Takes at most one event from SDL's queue and names the key it stands for; never blocks. A window calls it once per
 /// eventHandling. Besides naming a key, an event may start or stop the repeat, open the joystick again (initJoyStick,
-/// when a game-pad comes or goes), or shut SDL down (SDL_QUIT).
-/// A stick or trigger gives a key when it is pushed more than half way, and at most one key in 150 ms.
-/// While /tmp/osdd_show_up exists, the on-screen display of another program owns the input: events are dropped. When
-/// /tmp/ostrel_inputd/grab appears or disappears, held Start, Select and hot keys are forgotten.
+/// at SDL_CONTROLLERDEVICEADDED and SDL_CONTROLLERDEVICEREMOVED), or shut SDL down (SDL_QUIT). A stick or trigger gives
+/// a key when it is pushed more than half way, and at most one key in 150 ms. While /tmp/osdd_show_up exists, the
+/// on-screen display of another program owns the input: events are dropped. When /tmp/ostrel_inputd/grab appears or
+/// disappears, held Start, Select and hot keys are forgotten.
 /// @param out receives the raw event when one was taken and not dropped; else it is left alone. May be null.
 /// @return a KeyCode, the code of an SDL_USEREVENT unchanged, or KEY_NONE.
 OSTREL_API int wait_event(SDL_Event* out);

@@ -1,6 +1,5 @@
 #include "ostrel/input.h"
 
-#include "graphics/screen_internal.h"
 #include "ostrel/host.h"
 #include "ostrel/log.h"
 #include "platform/device_paths.h"
@@ -92,7 +91,7 @@ int handle(const SDL_Event& event) {
             tprintf("joystick remove %d\n", event.cdevice.which);
             return openJoystickAgain();
         case SDL_QUIT:
-            ostrel::quitSdl();
+            ostrel::quitSdlBetweenRepeats();
             return KEY_NONE;
         default:
             return ostrel::keyForEvent(event, sInput.held);

@@ -4,7 +4,9 @@
 
 #include <array>
 #include <atomic>
+#include <mutex>
 
+#include "graphics/screen_internal.h"
 #include "ostrel/input.h"
 #include "ostrel/log.h"
 #include "platform/handles.h"
@@ -34,6 +36,7 @@ public:
     void clear();
     void enterScope();
     void leaveScope();
+    void quitSdl();
 
 private:
     static int threadEntry(void* self);
@@ -50,6 +53,7 @@ private:
     std::array<HeldKey, kKeyCodes> mHeld OSTREL_GUARDED_BY(mLock.get());
     bool mRunning OSTREL_GUARDED_BY(mLock.get()) = false;
     std::atomic<unsigned> mGeneration{0};
+    std::mutex mUsingSdl;  // held while the thread posts and clicks, so that SDL does not end under it
 };
 
 uint64_t KeyRepeat::hold(int key) {
@@ -72,6 +76,11 @@ void KeyRepeat::enterScope() {
 
 void KeyRepeat::leaveScope() {
     if (--mScopes == 0) stop();
+}
+
+void KeyRepeat::quitSdl() {
+    const std::lock_guard<std::mutex> alone{mUsingSdl};
+    ostrel::quitSdl();
 }
 
 void KeyRepeat::start() {
@@ -110,11 +119,13 @@ void KeyRepeat::run() {
     press.type = SDL_USEREVENT;
     for (;;) {
         bool posted = false;
+        std::unique_lock<std::mutex> usingSdl{mUsingSdl, std::defer_lock};
         {
             const MutexLock lock(mLock.get());
             // A stop that came before this thread got here is seen at once instead of after a whole wait.
             if (mRunning) SDL_CondWaitTimeout(mWake.get(), mLock.get(), kWakeMs);
             if (!mRunning) return;
+            usingSdl.lock();
             posted = postDueKeys(press);
         }
         if (posted) playKeyClick();
@@ -157,6 +168,8 @@ void clearRepeatKeys() {
     keyRepeat().clear();
     tprintf("clear repeat time\n");
 }
+
+void quitSdlBetweenRepeats() { keyRepeat().quitSdl(); }
 
 KeyRepeatScope::KeyRepeatScope() { keyRepeat().enterScope(); }
 

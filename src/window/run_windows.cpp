@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "graphics/screen_internal.h"
 #include "ostrel/log.h"
 #include "ostrel/screen.h"
 #include "ostrel/window.h"
@@ -145,7 +144,7 @@ bool runFrame(Loop& loop) {
     }
     const Next next = handleEvents(loop, window);
     // The quit event reaches the window through wait_event as well, and the loop goes on.
-    if (loop.peeked.type == SDL_QUIT) ostrel::quitSdl();
+    if (loop.peeked.type == SDL_QUIT) ostrel::quitSdlBetweenRepeats();
     if (next == Next::End) return false;
     ostrel::paceFrame(frameStartMs);
     return true;

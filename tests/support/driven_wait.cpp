@@ -34,6 +34,15 @@ std::string nameOfThisThread() {
     return name;
 }
 
+// Lets the time of the wait run out in which a thread stands, or soon will. @return how many waits there were.
+std::size_t endWait(std::unique_lock<std::mutex>& guard) {
+    WaitState& wait = waitState();
+    wait.changed.wait(guard, [&wait] { return wait.waiting && !wait.signalled; });
+    wait.timedOut = true;
+    wait.changed.notify_all();
+    return wait.spans.size();
+}
+
 }  // namespace
 
 // The library binds to these, because a program's definitions come before those of its libraries.
@@ -94,13 +103,15 @@ void DrivenWait::awaitWaiting() {
     wait.changed.wait(guard, [&wait] { return wait.waiting && !wait.signalled; });
 }
 
+void DrivenWait::letTimeOut() {
+    std::unique_lock<std::mutex> guard(waitState().lock);
+    endWait(guard);
+}
+
 void DrivenWait::timeOut() {
     WaitState& wait = waitState();
     std::unique_lock<std::mutex> guard(wait.lock);
-    wait.changed.wait(guard, [&wait] { return wait.waiting && !wait.signalled; });
-    const std::size_t waits = wait.spans.size();
-    wait.timedOut = true;
-    wait.changed.notify_all();
+    const std::size_t waits = endWait(guard);
     wait.changed.wait(guard, [&wait, waits] { return wait.spans.size() > waits; });
 }
 

@@ -16,7 +16,8 @@ public:
     DrivenWait& operator=(const DrivenWait&) = delete;
 
     void awaitWaiting();                // returns once a thread stands in the wait
-    void timeOut();                     // lets one wait run out, and returns once the thread waits again
+    void letTimeOut();                  // lets one wait run out
+    void timeOut();                     // the same, and returns once the thread waits again
     int signals() const;                // calls of SDL_CondSignal so far
     std::vector<Uint32> spans() const;  // the milliseconds asked for by each wait
     std::string threadName() const;     // of the last thread that waited

@@ -1,6 +1,9 @@
 // The repeat of a held direction, driven step by step: the repeat thread moves only when the test wakes it.
+#include <chrono>
+#include <future>
 #include <thread>
 
+#include "support/before_push.h"
 #include "support/fake_mixer.h"
 #include "window/loop_test.h"
 
@@ -312,6 +315,53 @@ TEST_F(KeyRepeatTest, ThreadEndsWithTheLoopAndStartsWithTheNext) {
         });
         EXPECT_EQ(log.lines().back(), "deinit check_repeat_thread");
     }
+}
+
+// The thread is caught while it posts, its tables locked.
+TEST_F(KeyRepeatTest, ReleaseDoesNotWaitForTheThread) {
+    std::promise<void> posting;
+    std::promise<void> released;
+    auto waited = std::future_status::timeout;
+    const ostreltest::BeforePush halt([&] {
+        posting.set_value();
+        waited = released.get_future().wait_for(std::chrono::seconds(10));
+    });
+    whileRunning([&] {
+        hat(SDL_HAT_UP);
+        clock().advance(501);
+        repeatWait().letTimeOut();
+        posting.get_future().wait();
+        hat(SDL_HAT_CENTERED);
+        released.set_value();
+        repeatWait().awaitWaiting();
+    });
+    EXPECT_EQ(waited, std::future_status::ready);
+}
+
+// Given time, an SDL that ends under the thread's feet would be gone when it goes on.
+TEST_F(KeyRepeatTest, SdlEndsWhenTheThreadHasPosted) {
+    std::promise<void> posting;
+    std::promise<void> ending;
+    Uint32 running = 0;
+    const ostreltest::BeforePush halt([&] {
+        posting.set_value();
+        ending.get_future().wait();
+        std::this_thread::sleep_for(std::chrono::milliseconds(20));
+        running = SDL_WasInit(SDL_INIT_EVENTS);
+    });
+    whileRunning([&] {
+        hat(SDL_HAT_UP);
+        clock().advance(501);
+        SDL_Event quit{};
+        quit.type = SDL_QUIT;
+        SDL_PushEvent(&quit);
+        repeatWait().letTimeOut();
+        posting.get_future().wait();
+        ending.set_value();
+        keys();
+        EXPECT_EQ(SDL_WasInit(SDL_INIT_EVENTS), 0U);
+    });
+    EXPECT_NE(running, 0U);
 }
 
 // The thread is in the middle of a pass while the direction is let go: whatever it writes then must not count.
