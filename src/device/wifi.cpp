@@ -27,9 +27,8 @@ constexpr useconds_t kRefreshPeriodUs = 3'000'000;
 
 std::atomic<int> sRunning{0};
 std::atomic<unsigned> sNewestMonitor{0};  // threads are numbered from 1, in the order in which they are started
-pthread_t sMonitorThread{};
-std::mutex sRefreshing;  // two refreshes would write the same file
-std::mutex sPublishing;  // keeps writers of the record apart; never held while a query runs
+std::mutex sRefreshing;                   // two refreshes would write the same file
+std::mutex sPublishing;                   // keeps writers of the record apart; never held while a query runs
 
 bool isRunning(const char* process) { return check_process_exist(process, 0) >= 0; }
 
@@ -106,9 +105,10 @@ void rx_wifi_monitor_start() {
         return;
     }
     // Without a thread the status stays zero, which the bar shows as not connected.
-    if (pthread_create(&sMonitorThread, nullptr, monitorWifi, number.get()) != 0) return;
+    pthread_t monitor{};
+    if (pthread_create(&monitor, nullptr, monitorWifi, number.get()) != 0) return;
     [[maybe_unused]] const unsigned* theThreads = number.release();
-    pthread_detach(sMonitorThread);
+    pthread_detach(monitor);
 }
 
 void rx_wifi_monitor_stop() { sRunning = 0; }
