@@ -21,6 +21,9 @@ constexpr int kCacheCapacity = 100;
 constexpr std::size_t kKeySize = 2048;  // with its end: of a longer text only the first bytes tell
 constexpr SDL_Point kShadowOffset{1, 2};
 
+// Sums beyond an int wrap round: what lies so far away is not seen anyway.
+int coordinate(int64_t sum) { return static_cast<int>(sum); }
+
 // Which texts are told apart: one in another colour, or in a font at another address, is another text.
 const char* cacheKey(TTF_Font* font, const char* text, SDL_Color colour, bool shadow) {
     static char key[kKeySize];
@@ -62,7 +65,7 @@ void drawPieces(TTF_Font* font, const SDL_Rect& rect, const char* text, const ch
     char* rest = nullptr;
     for (char* piece = strtok_r(copy.get(), delim, &rest); piece != nullptr; piece = strtok_r(nullptr, delim, &rest)) {
         DrawString(font, line, piece, colour, align, shadow, /*measureOnly=*/false);
-        line.y += pitch;
+        line.y = coordinate(int64_t{line.y} + pitch);
     }
 }
 
@@ -82,9 +85,11 @@ namespace ostrel {
 int fontHeight(TTF_Font* font) { return font == nullptr ? 0 : TTF_FontHeight(font); }
 
 SDL_Point alignText(const SDL_Rect& box, int w, int h, int align) {
-    const int middleX = box.x + (box.w - w) / 2;
-    const int middleY = box.y + (box.h - h) / 2;
-    const int right = box.x + box.w - w;
+    const int64_t spareWidth = int64_t{box.w} - w;
+    const int64_t spareHeight = int64_t{box.h} - h;
+    const int middleX = coordinate(box.x + spareWidth / 2);
+    const int middleY = coordinate(box.y + spareHeight / 2);
+    const int right = coordinate(box.x + spareWidth);
     switch (align) {
         case kAlignTopLeft:
             return {box.x, box.y};
@@ -128,7 +133,10 @@ int DrawString(TTF_Font* font, SDL_Rect rect, const char* text, SDL_Color colour
     // Measuring with a shadow draws the shadow all the same; that is meant. (MeasuringDrawsTheShadow)
     if (shadow) {
         OstrelSurface* below = getTextSurface(font, text, colour, /*shadow=*/true);
-        if (below != nullptr) drawAt(*below, place.x + kShadowOffset.x, place.y + kShadowOffset.y);
+        if (below != nullptr) {
+            drawAt(*below, coordinate(int64_t{place.x} + kShadowOffset.x),
+                   coordinate(int64_t{place.y} + kShadowOffset.y));
+        }
     }
     if (!measureOnly) drawAt(*surface, place.x, place.y);
     return width;
@@ -147,7 +155,8 @@ int DrawStringLines(TTF_Font* font, SDL_Rect& rect, const char* text, const char
 int DrawStringLinesSpacing(TTF_Font* font, SDL_Rect& rect, const char* text, const char* delim, int spacing,
                            SDL_Color& colour, int align, bool shadow) {
     if (text == nullptr || delim == nullptr) return 0;
-    drawPieces(font, rect, text, delim, ostrel::fontHeight(font) + spacing, colour, align, shadow);
+    const int pitch = coordinate(int64_t{spacing} + ostrel::fontHeight(font));
+    drawPieces(font, rect, text, delim, pitch, colour, align, shadow);
     return 0;
 }
 

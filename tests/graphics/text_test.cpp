@@ -25,6 +25,8 @@ using ostreltest::picturesMatch;
 using ostreltest::ScreenTest;
 using ostreltest::SdlSpy;
 
+constexpr const char* kNoWidth = "\u200B";  // a character that SDL_ttf refuses to render
+
 ::testing::AssertionResult covers(const SDL_Rect& r, int x, int y, int w, int h) {
     if (r.x == x && r.y == y && r.w == w && r.h == h) return ::testing::AssertionSuccess();
     return ::testing::AssertionFailure() << r.x << ", " << r.y << ", " << r.w << " x " << r.h;
@@ -264,8 +266,24 @@ TEST_F(TextTest, TheCacheHoldsAHundredAndOneTexts) {
 
 TEST_F(TextTest, TextsThatDoNotRenderAreNotKept) {
     pretend("probe", 1, 1, kRed);
-    for (int i = 0; i < 150; ++i) DrawString(mFont, {0, 0, 9, 9}, "", kWhite, 0, false, false);
+    const std::size_t before = rendered();
+    for (int i = 0; i < 150; ++i) DrawString(mFont, {0, 0, 9, 9}, kNoWidth, kWhite, 0, false, false);
+    EXPECT_EQ(rendered(), before + 150);
     EXPECT_NE(gTextSurfaceCache.get(key("probe", "FF_FF_FF_FF_shadow0")), nullptr);
+}
+
+TEST_F(TextTest, RectanglesBeyondAllBoundsAreSurvived) {
+    for (const int extreme : {INT_MIN, INT_MAX}) {
+        for (int align = 0; align <= 4; ++align) {
+            DrawString(mFont, {0, 0, extreme, extreme}, "OK", kWhite, align, true, false);
+            DrawString(mFont, {extreme, extreme, 9, 9}, "OK", kWhite, align, true, false);
+            DrawString(mFont, {extreme, extreme, extreme, extreme}, "OK", kWhite, align, true, false);
+        }
+        SDL_Color colour = kWhite;
+        SDL_Rect rect{extreme, extreme, extreme, extreme};
+        EXPECT_EQ(DrawStringLines(mFont, rect, "one\ntwo\nthree", "\n", colour, 0, true), 0);
+        EXPECT_EQ(DrawStringLinesSpacing(mFont, rect, "one\ntwo\nthree", "\n", extreme, colour, 0, true), 0);
+    }
 }
 
 TEST_F(TextTest, SdlIsNotAskedToRenderAnEmptyText) {
@@ -365,7 +383,7 @@ TEST_F(TextLinesTest, NothingToDrawIsNoLine) {
 }
 
 TEST_F(TextLinesTest, AFailedLineLeavesItsPlaceEmpty) {
-    const auto found = drawLines({0, 0, 300, 300}, "one\n\u200B\ntwo", "\n", 0);  // a character without any width
+    const auto found = drawLines({0, 0, 300, 300}, (std::string("one\n") + kNoWidth + "\ntwo").c_str(), "\n", 0);
     ASSERT_EQ(found.size(), 2U);
     EXPECT_EQ(found[1].y, 200);
 }
