@@ -4,7 +4,7 @@
 #include <cstring>
 
 #include "i18n/pinyin_table.h"
-#include "ostrel/utf8_string.h"
+#include "platform/utf8_code_point.h"
 
 std::map<uint32_t, const char*> gPinyinMap;
 
@@ -21,6 +21,12 @@ char initialOf(uint32_t codePoint) {
     return *found->second;
 }
 
+// @return where the character after so many begins; `end` when the text ends first.
+const char* skipCharacters(const char* at, const char* end, std::size_t count) {
+    for (; count > 0 && at != end; --count) at += ostrel::codePointBytes(at, end);
+    return at;
+}
+
 }  // namespace
 
 void InitPinYinMap() {
@@ -33,11 +39,13 @@ void InitPinYinMap() {
 
 char* GetPinyinInitials2(const char* text) {
     if (text == nullptr) return nullptr;
-    const Utf8String characters(text);
-    auto* initials = static_cast<char*>(std::calloc(characters.size() + 1, 1));
+    const char* const end = text + std::strlen(text);
+    auto* initials = static_cast<char*>(std::calloc(static_cast<std::size_t>(end - text) + 1, 1));
     if (initials == nullptr) return nullptr;
     char* next = initials;
-    for (const uint32_t codePoint : characters) *next++ = initialOf(codePoint);
+    for (const char* at = text; at != end; at += ostrel::codePointBytes(at, end)) {
+        *next++ = initialOf(ostrel::decodeCodePoint(at, end));
+    }
     return initials;
 }
 
@@ -46,10 +54,10 @@ int PinyinStrstr(const char* text, const char* initials, const char* key, const 
     const char* hit = strcasestr(initials, key);
     if (hit == nullptr) return -1;
     // One byte of the initials stands for one character, so the place in one is the index in the other.
-    const auto index = static_cast<std::size_t>(hit - initials);
-    const Utf8String characters(text);
-    if (index >= characters.length()) return -1;
-    if (matchStart != nullptr) *matchStart = text + characters.byteIndex(index);
-    if (matchBytes != nullptr) *matchBytes = static_cast<int>(characters.byteCount(index, std::strlen(key)));
+    const char* const end = text + std::strlen(text);
+    const char* const start = skipCharacters(text, end, static_cast<std::size_t>(hit - initials));
+    if (start == end) return -1;
+    if (matchStart != nullptr) *matchStart = start;
+    if (matchBytes != nullptr) *matchBytes = static_cast<int>(skipCharacters(start, end, std::strlen(key)) - start);
     return 0;
 }

@@ -452,6 +452,17 @@ TEST_F(LangFolderTest, ASecondReadingAddsEnglishAgainAndMergesTheOthers) {
     EXPECT_EQ(records[1].strings.at(1), "neu");
 }
 
+TEST_F(LangFolderTest, AFileIsMergedIntoTheFirstRecordOfItsLanguage) {
+    write("en.lang", R"({"lang": "English", "0": "Cancel it"})");
+    std::vector<LangRecord> records;
+    readLangFolder(records);
+    write("gb.lang", R"({"lang": "English", "1": "Right"})");
+    readLangFolder(records);
+    ASSERT_THAT(fileNames(records), ElementsAre("en.lang", "en.lang"));
+    EXPECT_EQ(records[0].strings.at(1), "Right");
+    EXPECT_NE(records[1].strings.at(1), "Right");
+}
+
 TEST_F(LangFolderTest, ASecondReadingAddsTheTextsThatTheProgramAddedInBetween) {
     writeEnglish();
     write("de.lang", R"({"lang": "Deutsch", "8": "Ausschalten"})");
