@@ -1,5 +1,6 @@
 #include "ostrel/surface.h"
 
+#include <cstdint>
 #include <cstdio>
 #include <unordered_set>
 
@@ -15,9 +16,26 @@ using ostrel::TexturePtr;
 
 namespace {
 
+// The surfaces that exist, so that none keeps a texture that went with its renderer. Their addresses are kept with
+// every bit turned over: a leak checker would take the plain ones for owners and never find a surface that somebody
+// lost.
+class LiveSurfaces {
+public:
+    void add(SDL2OstrelSurface* surface) { mMasked.insert(masked(surface)); }
+    void remove(SDL2OstrelSurface* surface) { mMasked.erase(masked(surface)); }
+    void dropTextures() {
+        for (const std::uintptr_t address : mMasked) reinterpret_cast<SDL2OstrelSurface*>(~address)->mTexture = nullptr;
+    }
+
+private:
+    static std::uintptr_t masked(SDL2OstrelSurface* surface) { return ~reinterpret_cast<std::uintptr_t>(surface); }
+
+    std::unordered_set<std::uintptr_t> mMasked;
+};
+
 // Never destroyed: the caches free their surfaces while the program ends, in an order that nobody controls.
-std::unordered_set<SDL2OstrelSurface*>& liveSurfaces() {
-    static auto* surfaces = new std::unordered_set<SDL2OstrelSurface*>;
+LiveSurfaces& liveSurfaces() {
+    static auto* surfaces = new LiveSurfaces;
     return *surfaces;
 }
 
@@ -42,9 +60,7 @@ SDL_Texture* textureOf(OstrelSurface* s) {
     return surface == nullptr ? nullptr : surface->mTexture;
 }
 
-void dropAllTextures() {
-    for (SDL2OstrelSurface* surface : liveSurfaces()) surface->mTexture = nullptr;
-}
+void dropAllTextures() { liveSurfaces().dropTextures(); }
 
 void saveBmp(SDL_Surface& surface, const char* path) {
     SDL_RWops* file = path == nullptr ? nullptr : SDL_RWFromFile(path, "wb");
@@ -60,11 +76,11 @@ OstrelSurface::~OstrelSurface() {
 SDL2OstrelSurface::SDL2OstrelSurface(SDL_Texture* texture, SDL_Surface* surface)
     : mTexture(texture), mSurface(surface) {
     SDL_QueryTexture(texture, nullptr, nullptr, &mWidth, &mHeight);
-    liveSurfaces().insert(this);
+    liveSurfaces().add(this);
 }
 
 SDL2OstrelSurface::~SDL2OstrelSurface() {
-    liveSurfaces().erase(this);
+    liveSurfaces().remove(this);
     if (mTexture != nullptr && liveRenderer() != nullptr) SDL_DestroyTexture(mTexture);
     if (mSurface != nullptr) SDL_FreeSurface(mSurface);
 }

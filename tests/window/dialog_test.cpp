@@ -4,6 +4,7 @@
 #include "ostrel/menu_item.h"
 #include "ostrel/screen.h"
 #include "ostrel/skin.h"
+#include "ostrel/surface.h"
 #include "ostrel/text.h"
 #include "ostrel/text_menu.h"
 #include "support/fake_host.h"
@@ -50,12 +51,21 @@ private:
 int ResultAction::worked = 0;
 int ResultAction::deleted = 0;
 
+class CountedSurface : public SDL2OstrelSurface {
+public:
+    CountedSurface() : SDL2OstrelSurface(nullptr, nullptr) {}
+    ~CountedSurface() override { ++deleted; }
+    static int deleted;
+};
+int CountedSurface::deleted = 0;
+
 class DialogTest : public ostreltest::ScreenTest {
 protected:
     DialogTest() {
         sCancelled = 0;
         ResultAction::worked = 0;
         ResultAction::deleted = 0;
+        CountedSurface::deleted = 0;
         drainEvents();
     }
     template <typename Window>
@@ -119,6 +129,14 @@ TEST_F(DialogTest, AFloatKeepsTheFirstPicture) {
     EXPECT_EQ(first->getHeight(), 720);
     window.init();
     EXPECT_EQ(window.mSnapshot, first);
+}
+
+TEST_F(DialogTest, AFloatDeletesItsPicture) {
+    {
+        FloatWindow window(-1);
+        window.mSnapshot = new CountedSurface;
+    }
+    EXPECT_EQ(CountedSurface::deleted, 1);
 }
 
 TEST_F(DialogTest, AFloatDrawsTheFrozenScreenAndTheOverlayOverTheWholeTarget) {
@@ -302,6 +320,17 @@ TEST_F(DialogTest, ACancelCallbackMayDeleteTheDialog) {
 TEST_F(DialogTest, ADialogDeletesItsAction) {
     { DialogWindow dialog("", "", false, new ResultAction(0), nullptr); }
     EXPECT_EQ(ResultAction::deleted, 1);
+}
+
+TEST_F(DialogTest, ADialogDeletesItsPictures) {
+    {
+        DialogWindow dialog("", "", false, nullptr, nullptr);
+        for (OstrelSurface** picture : {&dialog.mBg, &dialog.mExtra, &dialog.mBtnFocus, &dialog.mBtnNormal}) {
+            ASSERT_EQ(*picture, nullptr);
+            *picture = new CountedSurface;
+        }
+    }
+    EXPECT_EQ(CountedSurface::deleted, 4);
 }
 
 // --- the dialog's picture ---
@@ -517,6 +546,14 @@ TEST_F(DialogTest, APopupDeletesItsMenu) {
     KeyMenu::deleted = 0;
     { PopUpWindow popup(-1, new KeyMenu(0), "skin/pop-bg.png"); }
     EXPECT_EQ(KeyMenu::deleted, 1);
+}
+
+TEST_F(DialogTest, APopupDeletesItsPanel) {
+    {
+        PopUpWindow popup(-1, nullptr, nullptr);
+        popup.mPanel = new CountedSurface;
+    }
+    EXPECT_EQ(CountedSurface::deleted, 1);
 }
 
 }  // namespace
