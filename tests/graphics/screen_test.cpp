@@ -5,6 +5,7 @@
 #include <string>
 #include <thread>
 
+#include "ostrel/log.h"
 #include "ostrel/surface.h"
 #include "support/log_capture.h"
 #include "support/picture.h"
@@ -146,6 +147,27 @@ TEST_F(ScreenStart, WarnsWithoutALineFeedWhenFilteringIsRefused) {
     EXPECT_EQ(ScreenInit(640, 480, 32, 0), 1);
     unsetenv("SDL_RENDER_SCALE_QUALITY");
     EXPECT_EQ(log.lines().at(1).find("[Warning]: Linear texture filtering not enabled!window=0x"), 0U);
+}
+
+TEST_F(ScreenStart, WarnsOnStandardOutputInSyslogModeToo) {
+    SDL_ResetHint(SDL_HINT_RENDER_SCALE_QUALITY);
+    setenv("SDL_RENDER_SCALE_QUALITY", "0", 1);
+    LogCapture log;
+    initLogger(1);
+    ScreenInit(640, 480, 32, 0);
+    initLogger(0);
+    unsetenv("SDL_RENDER_SCALE_QUALITY");
+    EXPECT_EQ(log.text(), "[Warning]: Linear texture filtering not enabled!");
+}
+
+TEST_F(ScreenStart, TurnedPictureIsFilteredFromTheFirstFrame) {
+    SDL_SetHint(SDL_HINT_RENDER_SCALE_QUALITY, "0");
+    SdlSpy spy;
+    ScreenInit(640, 480, 32, 1);
+    ASSERT_EQ(spy.textures.size(), 1U);
+    SDL_ScaleMode mode = SDL_ScaleModeNearest;
+    SDL_GetTextureScaleMode(spy.textures[0].texture, &mode);
+    EXPECT_EQ(mode, SDL_ScaleModeLinear);
 }
 
 TEST_F(ScreenStart, ReturnsZeroWithoutAWindow) {
@@ -335,6 +357,32 @@ TEST_F(ScreenFlip, TurnsTheConsolesOwnSize) {
     EXPECT_EQ(window.at(718, 0), screenMark(1279, 719));
     EXPECT_EQ(window.at(358, 639), screenMark(640, 359));
     EXPECT_EQ(window.at(719, 640), kBlack);
+}
+
+// (48 - 65) / 2 is -8 and not -9, so that the destination is (-9, 8, 65, 48).
+TEST_F(ScreenFlip, TurnsAPictureWhoseSidesDifferByAnOddNumber) {
+    ScreenInit(65, 48, 32, 1);
+    surfaceOfScreenMarks(65, 48)->render(nullptr, nullptr, false, nullptr);
+    ScreenUpdateAndFlip();
+    const Picture window = Picture::ofWindow();
+    EXPECT_EQ(window.at(0, 0), screenMark(63, 1));
+    EXPECT_EQ(window.at(40, 56), screenMark(7, 41));
+    EXPECT_EQ(window.at(46, 63), screenMark(0, 47));
+}
+
+TEST_F(ScreenFlip, TurnsThePictureOntoTheRenderersTarget) {
+    ScreenInit(64, 48, 32, 1);
+    ClearRect(nullptr, nullptr, 255, 0, 0, 255);
+    SDL_Texture* target = SDL_CreateTexture(gRenderer, SDL_PIXELFORMAT_ARGB8888, SDL_TEXTUREACCESS_TARGET, 48, 64);
+    SDL_SetRenderTarget(gRenderer, target);
+    ScreenUpdateAndFlip();
+    EXPECT_EQ(SDL_GetRenderTarget(gRenderer), target);
+    Uint32 pixel = 0;
+    const SDL_Rect middle{24, 32, 1, 1};
+    SDL_RenderReadPixels(gRenderer, &middle, SDL_PIXELFORMAT_ARGB8888, &pixel, sizeof pixel);
+    EXPECT_EQ(pixel, 0xFFFF0000U);
+    SDL_SetRenderTarget(gRenderer, nullptr);
+    SDL_DestroyTexture(target);
 }
 
 TEST_F(ScreenFlip, TurnsOnceForAnyRotation) {

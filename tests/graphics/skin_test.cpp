@@ -294,6 +294,25 @@ private:
     Lines& mDeleted;
 };
 
+TEST_F(SkinTest, FontsCloseBeforeTheImagesGo) {
+    writeTheme();
+    device().linkFont();
+    init_shared_skin();
+    // Counts the fonts that are closed when it goes.
+    struct Late : SDL2OstrelSurface {
+        Late(const SdlSpy& spy, std::size_t& closed)
+            : SDL2OstrelSurface(nullptr, nullptr), mSpy(spy), mClosed(closed) {}
+        ~Late() override { mClosed = mSpy.closedFonts.size(); }
+        const SdlSpy& mSpy;
+        std::size_t& mClosed;
+    };
+    std::size_t closed = 0;
+    deleteSurface(gIconFolder);
+    gIconFolder = new Late(mSpy, closed);
+    uninit_shared_skin();
+    EXPECT_EQ(closed, 9U);
+}
+
 TEST_F(SkinTest, ImagesAreReleasedFolderFirst) {
     Lines deleted;
     gIconVideo = new Tracked("video", deleted);

@@ -188,6 +188,17 @@ TEST_F(GetPixels, OfAnotherBoxReplaceTheCopy) {
     EXPECT_EQ(inside(surface)->mSurface->w, 8);
 }
 
+TEST_F(GetPixels, AreReadAgainWhenOneSideOfTheBoxDiffers) {
+    const auto surface = markedSurface(20, 10);
+    pixelsOf(surface, 10, 5);
+    LogCapture log;
+    pixelsOf(surface, 10, 10);
+    EXPECT_EQ(log.lines(), std::vector<std::string>{"getPixels 20x10 -> 10x5 max(10x10)"});
+    log.clear();
+    pixelsOf(surface, 20, 5);
+    EXPECT_EQ(log.lines(), std::vector<std::string>{"getPixels 20x10 -> 10x5 max(20x5)"});
+}
+
 TEST_F(GetPixels, RenewTheSizeFromTheTexture) {
     const auto surface = markedSurface(20, 10);
     inside(surface)->mWidth = 1;

@@ -171,6 +171,19 @@ TEST_F(FileUtilsTest, LoadContentReportsAFileShorterThanItsSize) {
     EXPECT_EQ(log.text(), "read state (3 vs 7)error : 0:Success\n");
 }
 
+TEST_F(FileUtilsTest, LoadContentTakesTheSizeAsThirtyTwoBits) {
+    Pieces huge{{"abc"}, off64_t{1} << 31};
+    const Stream below = streamOf(huge);
+    {
+        LogCapture log;
+        EXPECT_EQ(load(below.get()).result, -1);
+        EXPECT_EQ(log.text(), "state invalid size -2147483648\n");
+    }
+    Pieces larger{{"a", "b", "c"}, (off64_t{1} << 32) + 3};
+    const Stream beyond = streamOf(larger);
+    EXPECT_STREQ(load(beyond.get()).text.get(), "abc");
+}
+
 TEST_F(FileUtilsTest, LoadContentOfNoStreamFailsInSilence) {
     LogCapture log;
     EXPECT_EQ(load(nullptr).result, -1);

@@ -8,6 +8,7 @@
 #include "settings/settings_test.h"
 #include "support/child_process.h"
 #include "support/log_capture.h"
+#include "support/short_memory.h"
 
 namespace {
 
@@ -39,31 +40,9 @@ using ostreltest::host;
 using ostreltest::kSettingsFile;
 using ostreltest::LogCapture;
 using ostreltest::passesInChild;
+using ostreltest::ShortMemory;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
-
-// Lets the JSON library run out of memory while it lives: every request but the first few fails, or just one.
-class ShortMemory {
-public:
-    static constexpr int kForEver = INT_MAX;
-    explicit ShortMemory(int granted, int refused = kForEver) {
-        sGranted = granted;
-        sRefused = refused;
-        cJSON_Hooks hooks = {allocate, std::free};
-        cJSON_InitHooks(&hooks);
-    }
-    ~ShortMemory() { cJSON_InitHooks(nullptr); }
-    ShortMemory(const ShortMemory&) = delete;
-    ShortMemory& operator=(const ShortMemory&) = delete;
-
-private:
-    static void* allocate(std::size_t size) {
-        if (sGranted-- > 0) return std::malloc(size);
-        return sRefused-- > 0 ? nullptr : std::malloc(size);
-    }
-    static inline int sGranted = 0;
-    static inline int sRefused = 0;
-};
 
 class SystemStateSaveTest : public ostreltest::SettingsTest {
 protected:

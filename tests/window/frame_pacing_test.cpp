@@ -182,4 +182,20 @@ TEST_F(FramePacingTest, DrawingMayBeSwitchedFromAnyThread) {
     EXPECT_TRUE(gDrawWindow);
 }
 
+// What holds as long as the host has set neither rate nor boost.
+class UnsetFramePacingTest : public ostreltest::DeviceTest {};
+
+TEST_F(UnsetFramePacingTest, IsTenFramesASecondAndThirtyBoosted) {
+    ostreltest::DrivenClock clock;
+    ostreltest::Diary diary;
+    std::vector<OstrelWindow*> stack{new ScriptWindow(diary, "only")};
+    auto* only = static_cast<ScriptWindow*>(stack[0]);
+    only->onEvents = [calls = 0]() mutable {
+        if (++calls == 2) touchBoostFps(33);
+        return calls <= 3 ? -1 : WIN_QUIT;
+    };
+    runWindows(stack);
+    EXPECT_THAT(clock.sleeps(), ElementsAre(100000, 33000, 100000));
+}
+
 }  // namespace

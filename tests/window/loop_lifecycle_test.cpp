@@ -102,6 +102,20 @@ TEST_F(LoopLifecycle, NextLoopRunsOnANewScreen) {
     EXPECT_NE(Picture::ofWindow().count(kDarkRed), 1280 * 720);  // the text is there
 }
 
+// The first loop ends with the quit event still queued, seen and not taken.
+TEST_F(LoopLifecycle, QuitEventOfAnEarlierLoopDoesNotEndTheNext) {
+    pushRedWindow()->onEvents = [calls = 0]() mutable {
+        if (++calls == 1) postQuit();
+        return calls == 1 ? -1 : 1003;
+    };
+    runWindows(stack());
+    ASSERT_EQ(gRenderer, nullptr);
+    ASSERT_EQ(ScreenInit(1280, 720, 32, 0), 1);
+    pushRedWindow()->onEvents = quitAfter(2);
+    runWindows(stack());
+    EXPECT_NE(gRenderer, nullptr);
+}
+
 // No key arrives once SDL is gone, so this dialog closes by itself.
 class ClosingDialog : public DialogWindow {
 public:

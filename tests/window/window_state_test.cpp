@@ -2,6 +2,7 @@
 #include <cinttypes>
 
 #include "support/log_capture.h"
+#include "support/short_memory.h"
 #include "support/test_device.h"
 #include "window/script_window.h"
 
@@ -10,6 +11,7 @@ namespace {
 using ostreltest::Diary;
 using ostreltest::LogCapture;
 using ostreltest::ScriptWindow;
+using ostreltest::ShortMemory;
 using ::testing::ElementsAre;
 
 class WindowStateTest : public ostreltest::DeviceTest {
@@ -105,6 +107,17 @@ TEST_F(WindowStateTest, NullPathIsLeftOutSilently) {
     LogCapture log;
     saveWindowsState(stack, nullptr);
     EXPECT_EQ(log.text(), "2 wins need to be saved\n");
+}
+
+TEST_F(WindowStateTest, WithoutMemoryForTheListTheFileIsLeftEmpty) {
+    for (const int granted : {0, 1}) {
+        device().write("state.json", "old");
+        const ShortMemory memory(granted);
+        LogCapture log;
+        saveWindowsState(stack, "state.json");
+        EXPECT_EQ(device().read("state.json"), "") << granted;
+        EXPECT_EQ(log.text(), "2 wins need to be saved\n") << granted;
+    }
 }
 
 TEST_F(WindowStateTest, WindowsStayOnTheStack) {
