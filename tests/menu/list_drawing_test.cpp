@@ -4,6 +4,7 @@
 #include <memory>
 
 #include "ostrel/bars.h"
+#include "ostrel/language.h"
 #include "ostrel/log.h"
 #include "ostrel/menu_item.h"
 #include "ostrel/pinyin.h"
@@ -441,6 +442,15 @@ TEST_F(ListDrawingTest, ARowThatIsNotThereYetShowsItsNumberAndTheLoadingText) {
                               })));
 }
 
+// A list of its own texts, because the two loading texts of the library are the same word.
+TEST_F(ListDrawingTest, TheLoadingTextIsTheInterfaceTextThree) {
+    const std::vector<std::string> kept = gDefaultStringList;
+    gDefaultStringList = {"zero", "one", "two", "three", "four"};
+    menu->insertItem(nullptr);
+    EXPECT_TRUE(picturesMatch(drawn(), paint([] { label(30, 100, "three"); })));
+    gDefaultStringList = kept;
+}
+
 TEST_F(ListDrawingTest, TheLoadingTextStaysLeftInACentredList) {
     menu->textMode = true;
     menu->insertItem(nullptr);
@@ -527,28 +537,35 @@ TEST_F(ListDrawingTest, ALongLabelIsCutBetweenCharacters) {
     EXPECT_TRUE(picturesMatch(drawn(), paint([&cut] { label(30, 100, cut.c_str()); })));
 }
 
-TEST_F(ListDrawingTest, NumberMarkerAndIconTakeTheirRoomFromTheText) {
-    const std::string wide(100, 'i');
+TEST_F(ListDrawingTest, NumberMarkerAndIconTakeTheirRoomFromBothLines) {
+    const std::string wide(300, 'i');
     const auto mark = plainSurface(16, 32, kDarkRed);
     const auto icon = plainSurface(300, 64, kDarkBlue);
     menu->selMark = mark.get();
-    menu->insertItem(new IconRow(wide.c_str(), icon.get()));
-    const auto cutAt = [&wide](int width) {
-        return std::string(static_cast<std::size_t>(getTruncateLen(gListFontTxt, wide.c_str(), 0, width)), 'i') + "...";
+    auto* row = new IconRow(wide.c_str(), icon.get());
+    row->hasSubLabel = true;
+    row->subLabel = wide;
+    menu->insertItem(row);
+    const auto linesAt = [&wide](int x, int width) {
+        const auto cut = [&wide, width](TTF_Font* font) {
+            return std::string(static_cast<std::size_t>(getTruncateLen(font, wide.c_str(), 0, width)), 'i') + "...";
+        };
+        label(x, 97, cut(gListFontTxt).c_str());
+        text(gListFontSubtxt, x, 141, cut(gListFontSubtxt).c_str(), kSubLabel);
     };
     EXPECT_TRUE(picturesMatch(drawn(), paint([&] {
                                   SDL_Rect place{28, 108, 0, 0};
                                   mark->render(nullptr, &place, true, nullptr);
                                   place = {48, 92, 0, 0};
                                   icon->render(nullptr, &place, true, nullptr);
-                                  label(355, 100, cutAt(1220 - 16 - 305).c_str());
+                                  linesAt(355, 1220 - 16 - 305);
                               })));
     menu->showListNum = true;
     EXPECT_TRUE(picturesMatch(drawn(), paint([&] {
                                   SDL_Rect place{28, 108, 0, 0};
                                   mark->render(nullptr, &place, true, nullptr);
                                   DrawString(gListFontSubtxt, {46, 85, 60, 83}, "0001", kNumber, 1, false, false);
-                                  label(113, 100, cutAt(1160 - 16).c_str());
+                                  linesAt(113, 1160 - 16);
                               })));
 }
 
