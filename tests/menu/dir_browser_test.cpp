@@ -6,6 +6,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
+#include <climits>
 #include <cstdlib>
 #include <filesystem>
 #include <new>
@@ -30,6 +32,7 @@ using Labels = std::vector<std::string>;
 
 bool sRefuseNothrowMemory = false;
 bool sKeepsNoTypes = false;
+int sFilesBeforeFolders = INT_MAX;
 int sItemsAlive = 0;
 
 // A file system that keeps no kinds of entries, for as long as one of these lives.
@@ -40,6 +43,14 @@ struct UntypedEntries {
     UntypedEntries& operator=(const UntypedEntries&) = delete;
 };
 
+// Files beyond the first so many pass for folders, for as long as one of these lives.
+struct FilesThenFolders {
+    explicit FilesThenFolders(int files) { sFilesBeforeFolders = files; }
+    ~FilesThenFolders() { sFilesBeforeFolders = INT_MAX; }
+    FilesThenFolders(const FilesThenFolders&) = delete;
+    FilesThenFolders& operator=(const FilesThenFolders&) = delete;
+};
+
 }  // namespace
 
 // The library binds to this one, because a program's definitions come before those of its libraries.
@@ -48,6 +59,7 @@ extern "C" dirent* readdir(DIR* directory) {
     static const auto libcs = reinterpret_cast<ReadDir>(dlsym(RTLD_NEXT, "readdir"));
     dirent* entry = libcs(directory);
     if (sKeepsNoTypes && entry != nullptr) entry->d_type = DT_UNKNOWN;
+    if (entry != nullptr && entry->d_type == DT_REG && sFilesBeforeFolders-- <= 0) entry->d_type = DT_DIR;
     return entry;
 }
 
@@ -340,6 +352,15 @@ TEST_F(DirBrowserTest, AtMostTwentyThousandItemsAreLoaded) {
     EXPECT_EQ(sCalls.size(), 20000U);
 }
 
+TEST_F(DirBrowserTest, FoldersCountAmongTheTwentyThousandItems) {
+    files("roms", 20003);
+    const FilesThenFolders listed(15000);
+    DirBrowser browser(nullptr, plainFactory);
+    EXPECT_EQ(browser.LoadDir(roms().c_str(), nullptr)->size(), 20000U);
+    EXPECT_EQ(std::count_if(sCalls.begin(), sCalls.end(), [](const FactoryCall& call) { return call.type == 102; }),
+              5000);
+}
+
 TEST_F(DirBrowserTest, OddNamesAreListedWhole) {
     const std::string longest(255, 'n');
     for (const std::string& name : {longest, std::string("new\nline"), std::string("bad\xFFutf8")})
@@ -364,8 +385,12 @@ TEST_F(DirBrowserTest, StartBelowTheBasePutsEachStepOnTheStack) {
 TEST_F(DirBrowserTest, EmptyPiecesOfTheStartAreNotPushed) {
     file("roms/GBA/game");
     DirBrowser browser(nullptr, plainFactory);
+    LogCapture log;
     browser.LoadDir(roms().c_str(), (roms() + "//GBA/").c_str());
     EXPECT_EQ(browser.dirStack, (Labels{roms(), roms() + "/GBA"}));
+    // What is read is the start as it was given.
+    EXPECT_EQ(log.lines().back(), "loaddir " + roms() + "//GBA/ 2");
+    for (const FactoryCall& call : sCalls) EXPECT_EQ(call.path, roms() + "//GBA//" + call.name);
     ASSERT_EQ(browser.cache.size(), 1U);
     EXPECT_EQ(browser.cache[0].path, roms() + "/GBA");
     EXPECT_EQ(browser.cache[0].items->size(), 2U);
@@ -387,6 +412,21 @@ TEST_F(DirBrowserTest, AStartOutsideTheBaseShowsTheBase) {
     EXPECT_EQ(labelsOf(browser.LoadDir(roms().c_str(), "/games/x")), (Labels{"game"}));
     EXPECT_EQ(browser.dirStack, (Labels{roms()}));
     EXPECT_EQ(log.text(), "loaddir " + roms() + " 1\n");
+}
+
+TEST_F(DirBrowserTest, AStartWithTheBaseInsideIsLoadedAndTheStackBeginsAtTheBase) {
+    file("roms/GBA/game");
+    DirBrowser browser(nullptr, plainFactory);
+    const std::string start = roms() + "/GBA";
+    EXPECT_EQ(labelsOf(browser.LoadDir("/roms", start.c_str())), (Labels{"..", "game"}));
+    EXPECT_EQ(browser.dirStack, (Labels{"/roms", "/roms/GBA"}));
+    for (const FactoryCall& call : sCalls) EXPECT_EQ(call.path, start + "/" + call.name);
+}
+
+TEST_F(DirBrowserTest, OfABaseTwiceInTheStartTheFirstCounts) {
+    DirBrowser browser(nullptr, plainFactory);
+    browser.LoadDir("/roms", "/roms/A/roms/B");
+    EXPECT_EQ(browser.dirStack, (Labels{"/roms", "/roms/A", "/roms/A/roms", "/roms/A/roms/B"}));
 }
 
 TEST_F(DirBrowserTest, ANullBaseOrPathGivesNull) {
@@ -558,6 +598,20 @@ TEST_F(DirBrowserTest, ClearSpaceMayEmptyTheCache) {
     browser.clearSpace();
     EXPECT_TRUE(browser.cache.empty());
     EXPECT_EQ(sItemsAlive, 0);
+}
+
+TEST_F(DirBrowserTest, ParentDirMakesRoomBeforeItLoads) {
+    file("roms/A/B/game");
+    DirBrowser browser(nullptr, plainFactory);
+    browser.LoadDir(roms().c_str(), (roms() + "/A/B").c_str());
+    fillCache(browser, "older", 39998);
+    fillCache(browser, "oldest", 1);
+    browser.ParentDir();
+    // The oldest alone had to go: 40000 were left, and the two of the parent came later.
+    ASSERT_EQ(browser.cache.size(), 3U);
+    EXPECT_EQ(browser.cache[0].path, roms() + "/A");
+    EXPECT_EQ(browser.cache[1].path, roms() + "/A/B");
+    EXPECT_EQ(browser.cache[2].path, "older");
 }
 
 // The path of a row that goes while room is made for the directory it names.
