@@ -353,8 +353,11 @@ TEST_F(SettingSwitchItemTest, WithAConfirmingAYLeftAndRightToggle) {
 }
 
 TEST_F(SettingSwitchItemTest, WithBConfirmingBYLeftAndRightToggle) {
-    host().shm.values[19] = 1;
-    EXPECT_EQ(togglingKeys(*row(new TestSwitch(log))), (std::vector<int>{2, 4, 7, 8}));
+    const auto item = row(new TestSwitch(log));
+    for (const int setting : {1, 2, -1}) {
+        host().shm.values[19] = setting;
+        EXPECT_EQ(togglingKeys(*item), (std::vector<int>{2, 4, 7, 8})) << setting;
+    }
 }
 
 TEST_F(SettingSwitchItemTest, TakesEveryKeyEvenWithoutAHandler) {

@@ -138,8 +138,10 @@ TEST_F(SettingMenuTest, XGoesBackWhateverConfirms) {
 TEST_F(SettingMenuTest, TheKeyThatDoesNotConfirmGoesBack) {
     RecordingRow* row = addRow(0);
     EXPECT_EQ(pressB(), 1002);
-    host().shm.values[19] = 1;
-    EXPECT_EQ(pressA(), 1002);
+    for (const int setting : {1, 2, -1}) {
+        host().shm.values[19] = setting;
+        EXPECT_EQ(pressA(), 1002) << setting;
+    }
     EXPECT_TRUE(row->keys.empty());
 }
 
@@ -151,10 +153,12 @@ TEST_F(SettingMenuTest, ARowThatTakesAGivesMinusOne) {
 }
 
 TEST_F(SettingMenuTest, ARowThatTakesBGivesTheMenuKey) {
-    host().shm.values[19] = 1;
     RecordingRow* row = addRow(0, new RecordingAction(5, worked));
-    EXPECT_EQ(pressB(), 11);
-    EXPECT_EQ(row->keys, (std::vector<int>{2}));
+    for (const int setting : {1, 2, -1}) {
+        host().shm.values[19] = setting;
+        EXPECT_EQ(pressB(), 11) << setting;
+    }
+    EXPECT_EQ(row->keys, (std::vector<int>{2, 2, 2}));
     EXPECT_TRUE(worked.empty());
 }
 
@@ -197,13 +201,27 @@ TEST_F(SettingMenuTest, OtherKeysAndNoKeyAreMinusOne) {
     EXPECT_EQ(menu.eventHandling(), -1);
 }
 
-TEST_F(SettingMenuTest, AnEmptyPageHandlesEveryKey) {
+// A confirming B gives the menu key only when a row took it.
+TEST_F(SettingMenuTest, AnEmptyPageHasNoRowThatTakesAKey) {
     EXPECT_EQ(pressA(), -1);
     EXPECT_EQ(pressY(), -1);
     EXPECT_EQ(pressArrow(SDLK_LEFT), -1);
-    EXPECT_EQ(pressArrow(SDLK_DOWN), -1);
+    host().shm.values[19] = 1;
+    EXPECT_EQ(pressB(), -1);
+}
+
+TEST_F(SettingMenuTest, UpInAnEmptyPageStandsOnNoRowAndDownComesBack) {
     EXPECT_EQ(pressArrow(SDLK_UP), -1);
+    EXPECT_EQ(menu.mCurIndex, -1);
+    EXPECT_EQ(pressA(), -1);
+    EXPECT_EQ(pressArrow(SDLK_DOWN), -1);
+    EXPECT_EQ(menu.mCurIndex, 0);
+}
+
+TEST_F(SettingMenuTest, AnEmptyPageHasAnEmptyRange) {
     menu.draw();
+    EXPECT_EQ(menu.mFirstIndex, 0);
+    EXPECT_EQ(menu.mLastIndex, -1);
 }
 
 TEST_F(SettingMenuTest, ARowWithoutAnActionSelectsToMinusOne) {
@@ -271,6 +289,18 @@ TEST_F(SettingMenuTest, TheCursorAboveTheRangeBecomesItsFirstRow) {
     menu.draw();
     EXPECT_EQ(menu.mFirstIndex, 4);
     EXPECT_EQ(menu.mLastIndex, 9);
+}
+
+TEST_F(SettingMenuTest, AShortPageThatGrowsStillBeginsAtItsTop) {
+    addRows(3);
+    menu.draw();
+    RecordingRow* appended = addRow();
+    menu.mCurIndex = 3;
+    menu.draw();
+    EXPECT_EQ(menu.mFirstIndex, 0);
+    EXPECT_EQ(static_cast<RecordingRow*>(menu.getItemByIndex(0))->drawn.back().y, 80);
+    ASSERT_EQ(appended->drawn.size(), 1U);
+    EXPECT_EQ(appended->drawn[0].y, 80 + 96 * 3);
 }
 
 TEST_F(SettingMenuTest, TheRangeEndsAtTheLastRow) {
