@@ -308,6 +308,31 @@ TEST_F(ListMenuTest, UpHandsAnyPositiveResultOfMoveBackwardToTheOwner) {
     }
 }
 
+TEST_F(ListMenuTest, KeysMoveThroughTheOperationsOfADerivedList) {
+    class Moving : public CountedList {
+    public:
+        using CountedList::CountedList;
+        int moveForward() override { return move("moveForward"); }
+        int pageUp() override { return move("pageUp"); }
+        int pageDown() override { return move("pageDown"); }
+        std::vector<std::string> moves;
+
+    private:
+        int move(const char* name) {
+            moves.emplace_back(name);
+            return 0;
+        }
+    } list(10);
+    const DrivenClock clock;
+    list.handleEvent(kDown);
+    for (const int key : {kDown, kUp}) {
+        list.mPressedKeys.assign(11, key);
+        list.mLastKeyTime = clock.now();
+        list.handleEvent(key);
+    }
+    EXPECT_THAT(list.moves, ElementsAre("moveForward", "pageDown", "pageUp"));
+}
+
 TEST_F(ListMenuTest, AConfirmsUnlessBDoes) {
     CountedList list(10);
     EXPECT_EQ(list.handleEvent(1), 77);
