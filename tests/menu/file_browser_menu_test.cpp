@@ -134,27 +134,41 @@ TEST_F(FileBrowserMenuTest, BackBelowTheBaseGoesUpToTheFirstRow) {
     EXPECT_EQ(menu->mLastIndex, 2);
 }
 
-TEST_F(FileBrowserMenuTest, WithBConfirmingAGoesBackAndBStays) {
+TEST_F(FileBrowserMenuTest, WithBConfirmingAGoesBack) {
     file("roms/A/1");
-    host().shm.values[19] = 1;
-    open();
-    EXPECT_EQ(pressA(), 1002);
-    changeTo(roms() + "/A");
-    EXPECT_EQ(pressA(), 26);
-    EXPECT_EQ(labels(), (Labels{"A"}));
+    for (const int setting : {1, 2, -1}) {
+        host().shm.values[19] = setting;
+        open();
+        EXPECT_EQ(pressA(), 1002) << setting;
+        changeTo(roms() + "/A");
+        EXPECT_EQ(pressA(), 26) << setting;
+        EXPECT_EQ(labels(), (Labels{"A"})) << setting;
+    }
 }
 
-// The row's action gives 2, which reads as the B key: with B confirming, nothing moves.
-TEST_F(FileBrowserMenuTest, AnActionThatGivesTheConfirmKeyDoesNotMove) {
+TEST_F(FileBrowserMenuTest, WithBConfirmingBOnARowWithoutAnActionIsMinusOneAndStays) {
     file("roms/A/1");
     host().shm.values[19] = 1;
-    static GeneralAction sGivesTwo([](void*) { return 2; }, nullptr);
-    host().handler = [](const char* name, const char*, int) {
-        return new TextMenuItem(name, nullptr, &sGivesTwo, false);
-    };
-    open();
-    EXPECT_EQ(pressB(), 26);
-    EXPECT_EQ(menu->getCurrentDir(), roms());
+    open((roms() + "/A").c_str());
+    EXPECT_EQ(pressB(), -1);
+    EXPECT_EQ(menu->getCurrentDir(), roms() + "/A");
+}
+
+// With B confirming, the number 2 is not the key that goes back, and 26 carries no path.
+TEST_F(FileBrowserMenuTest, WithBConfirmingBStaysWhereTheActionGivesTheNumberOfBOrOfTheRequest) {
+    file("roms/A/1");
+    static int sResult;
+    static GeneralAction sGives([](void*) { return sResult; }, nullptr);
+    host().handler = [](const char* name, const char*, int) { return new TextMenuItem(name, nullptr, &sGives, false); };
+    for (const int setting : {1, 2, -1}) {
+        host().shm.values[19] = setting;
+        for (const int result : {2, 26}) {
+            sResult = result;
+            open((roms() + "/A").c_str());
+            EXPECT_EQ(pressB(), 26) << result << " with the setting " << setting;
+            EXPECT_EQ(menu->getCurrentDir(), roms() + "/A");
+        }
+    }
 }
 
 TEST_F(FileBrowserMenuTest, AnActionThatGivesOneWithAConfirmingDoesNotMove) {
