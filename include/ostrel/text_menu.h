@@ -32,8 +32,8 @@ public:
     /// there yet.
     void insertItem(void* item);
     /// Adds a row before the first one that it does not sort after, so of equal rows the newest comes first.
-    /// @param item as for insertItem. @param cmp gets the new row and one of the list; a result of 0 or less puts the
-    /// new row before that one.
+    /// @param item as for insertItem. @param cmp gets the new row and one of the list, either of them null when it was
+    /// inserted as null; a result of 0 or less puts the new row before that one.
     void insertItemSorted(void* item, int (*cmp)(void*, void*));
     /// Adds a row at the end unless one with the same label is there. Only the label fields are compared, byte by
     /// byte: rows labelled through labelId alone are all equal. Every row must be a TextMenuItem or null.

@@ -113,6 +113,16 @@ TEST_F(TextMenuTest, TheComparatorGetsTheNewItemFirstAndWalksFromTheTop) {
     EXPECT_EQ(menu.getItemByIndex(2), c);
 }
 
+TEST_F(TextMenuTest, TheComparatorGetsNullForARowInsertedAsNull) {
+    TextMenuItem* a = item("a");
+    menu.insertItem(nullptr);
+    comparisons.clear();
+    menu.insertItemSorted(a, &alwaysLater);
+    menu.insertItemSorted(nullptr, &alwaysLater);
+    EXPECT_THAT(comparisons, ElementsAre(std::pair<void*, void*>{a, nullptr}, std::pair<void*, void*>{nullptr, nullptr},
+                                         std::pair<void*, void*>{nullptr, a}));
+}
+
 TEST_F(TextMenuTest, TheWalkStopsAtTheFirstRowThatTheNewOneDoesNotFollow) {
     for (const char* label : {"b", "z", "c"}) menu.insertItem(item(label));
     menu.insertItemSorted(item("d"), &byLabel);
