@@ -1,7 +1,8 @@
 /// @file  dir_browser.h: directories as lists of menu items, and the way from a base directory to the current one.
 /// Threads: UI thread only.  Files: read with opendir and stat; symbolic links count as what they point to.
-/// Lists: arrays of TextMenuItem* as void*, owned by the browser's cache. A list stays valid until the next call that
-/// loads a directory: that call may drop it to make room.
+/// Lists: arrays of TextMenuItem* as void*, owned by the browser's cache. A list is valid until clearSpace, freeCache
+/// or the next call that loads a directory, which may drop it to make room.
+/// Callbacks: the name and the path that a filter or a factory is given are good during the call only.
 #pragma once
 #include <memory>
 #include <string>
@@ -50,8 +51,9 @@ public:
     bool isBaseDir();
     /// @return how many items all cached directories hold together.
     int getItemNum();
-    /// Drops least recently used directories while two or more are cached and hold 40001 items or more together.
-    /// @return 0, always.
+    /// When two or more directories are cached, drops the least recently used until all together hold 40000 items or
+    /// fewer: the very last too, when it holds more by itself. A directory that is cached alone stays, whatever it
+    /// holds. @return 0, always.
     int clearSpace();
     /// Deletes every cached item and list.
     void freeCache();

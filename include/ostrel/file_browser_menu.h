@@ -41,9 +41,12 @@ public:
     /// @return the current directory, null before LoadDir.
     const char* getCurrentDir();
 
-    std::string baseDir;          ///< the root of the tree
-    std::string startDir;         ///< the directory to open first; empty for the base
-    DirBrowser browser;           ///< loads and keeps the lists, with file_filter and file_handler
+    std::string baseDir;   ///< the root of the tree
+    std::string startDir;  ///< the directory to open first; empty for the base
+    /// Loads and keeps the lists, with file_filter and file_handler. Whoever has it drop a list (its freeCache,
+    /// clearSpace, or a change of directory) leaves curList pointing to what is gone: call LoadDir, or set curList to
+    /// what browser returned, before the menu is drawn or takes an input again.
+    DirBrowser browser;
     std::vector<void*>* curList;  ///< the rows on show, owned by browser's cache; null before LoadDir
 
 private:
