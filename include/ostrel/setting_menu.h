@@ -108,9 +108,10 @@ public:
     SettingMenu();
     /// Deletes every row.
     ~SettingMenu() override;
-    /// Reads one key and gives it to the list or the row under the cursor.
-    /// @return WIN_BACK for X and the key that does not confirm, KEY_MENU for Menu and for a B that a row took, the
-    ///         result of select() for a confirm key that no row took, else -1.
+    /// Reads one key. Up and Down move the cursor, Left and Right go to the row under it. So do the confirm key and,
+    /// whatever SHM_BCONFIRM says, Y; a row that has no use for these two has its action run (select).
+    /// @return WIN_BACK for X and for the one of A and B that does not confirm, KEY_MENU for Menu and for a B that the
+    ///         row took, the result of select() for a confirm key or a Y that it did not take, else -1.
     int eventHandling() override;
     /// Runs the action of the row under the cursor. @return its result, -1 when there is none.
     int select() override;

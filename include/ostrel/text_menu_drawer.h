@@ -67,8 +67,11 @@ public:
     bool marquee = false;                   ///< draws the texts of the cursor's row with a shadow
     int itemsPerPage;                       ///< rows of a page
     std::string themePath;                  ///< gThemePath when the backgrounds were loaded; empty for null
-    LRUCache iconCache;                     ///< surfaces that a derived class keeps for its rows
-    LRUCache thumbCache;                    ///< larger ones
-    int bgInset = 10;                       ///< how far right of the row its background stands
-    bool textMode = false;                  ///< centres the labels in their rows
+    /// Images that a derived class keeps for its rows: each value put must come from an OstrelSurface*. The cache owns
+    /// and deletes them, so nothing borrowed (getIconFromCache) may go in. It holds at most 101; a later put deletes
+    /// the least recently used even while a row points to it.
+    LRUCache iconCache;
+    LRUCache thumbCache;    ///< larger ones, by the same rules
+    int bgInset = 10;       ///< how far right of the row its background stands
+    bool textMode = false;  ///< centres the labels in their rows
 };
