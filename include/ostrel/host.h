@@ -42,11 +42,18 @@ OSTREL_API void SetKeyShm(ShmInfo* shm, int key, int value);
 /// The current theme directory, ending in "/"; null means none, and images then come from the working directory.
 extern OSTREL_API const char* gThemePath;
 
-/// Says whether a directory entry may be listed. @param name the entry, @p path its whole path.
+/// Left to the program, which may ask it through FileBrowserMenu::browser: the library stores it and never calls it. To
+/// keep an entry out of a list, file_handler returns null.
+/// @param name the entry, @p path its whole path.
 OSTREL_API bool file_filter(const char* name, const char* path);
-/// Makes the row of a directory entry. @param type 101 for a regular file, 102 for a directory.
+/// Makes the row of a directory entry. @param name the entry, @p path its whole path, both good during the call only.
+/// @param type 101 for a regular file, 102 for a directory.
 /// @return a new item that the caller owns, or null to leave the entry out.
 OSTREL_API TextMenuItem* file_handler(const char* name, const char* path, int type);
 
-/// Opens the joystick, or opens it again: called whenever a game-pad comes or goes.
+/// Opens the joystick, or opens it again. wait_event calls it at SDL_CONTROLLERDEVICEADDED and
+/// SDL_CONTROLLERDEVICEREMOVED, and nothing else does. SDL sends both only while SDL_INIT_GAMECONTROLLER is on: the
+/// first for pads that it has a mapping for alone, the second surely for those opened with SDL_GameControllerOpen and,
+/// in some versions, for others. For a plain joystick, opened with SDL_JoystickOpen, the program watches
+/// SDL_JOYDEVICEADDED and SDL_JOYDEVICEREMOVED itself, as gamepad.cpp of the sample launcher does.
 OSTREL_API void initJoyStick();
