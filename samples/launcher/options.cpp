@@ -60,8 +60,12 @@ constexpr const char* kUsage =
     "\n"
     "%s";
 
+// "" when there is none: for the empty path, and for a relative one in a folder that is gone.
 std::string absolutePath(const char* path) {
-    std::string whole = fs::absolute(path).lexically_normal().string();
+    std::error_code error;
+    const fs::path absolute = fs::absolute(path, error);
+    if (error) return "";
+    std::string whole = absolute.lexically_normal().string();
     while (whole.size() > 1 && whole.back() == '/') whole.pop_back();
     return whole;
 }
@@ -73,8 +77,10 @@ std::string withSlash(std::string directory) {
 
 // The launcher's own themes go by their names.
 std::string themeDirectory(const char* value) {
+    std::error_code ignored;
     const fs::path own = dataDirs().themes / fs::path(value).filename();
-    const bool named = fs::path(value) == own.filename() && !fs::exists(value) && fs::is_directory(own);
+    const bool named =
+        fs::path(value) == own.filename() && !fs::exists(value, ignored) && fs::is_directory(own, ignored);
     return withSlash(named ? own.string() : absolutePath(value));
 }
 
@@ -132,6 +138,12 @@ int complain(const char* what, const std::string& path) {
     return 2;
 }
 
+// All values are paths but a language's and a word to look for. @return as readOptions.
+int checkValue(int choice, const char* value) {
+    if (value == nullptr || choice == kLanguage || choice == kSearch || !absolutePath(value).empty()) return -1;
+    return complain("This is no path", '"' + std::string(value) + '"');
+}
+
 int check(const Options& options) {
     std::error_code ignored;
     if (!fs::is_directory(options.gamesDir, ignored)) return complain("This is no directory", options.gamesDir);
@@ -162,9 +174,11 @@ int readOptions(int argc, char** argv, Options& options) {
             std::printf(kUsage, argv[0], kKeyTable);
             return 0;
         }
+        if (const int exitCode = checkValue(choice, optarg); exitCode >= 0) return exitCode;
         apply(choice, optarg, options);
     }
     if (optind < argc) {
+        if (const int exitCode = checkValue(kGames, argv[optind]); exitCode >= 0) return exitCode;
         options.gamesDir = absolutePath(argv[optind++]);
         options.startAfresh = true;
     }

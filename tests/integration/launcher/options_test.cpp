@@ -5,6 +5,9 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
+
+#include "support/child_process.h"
 #include "support/log_capture.h"
 #include "support/test_device.h"
 
@@ -120,6 +123,38 @@ TEST_F(OptionsTest, FoldersThatAreNoneAreNamed) {
     EXPECT_EQ(read({"--games", "/no/such/place"}), 2);
     EXPECT_EQ(read({"--theme", "/no/such/theme"}), 2);
     EXPECT_EQ(said.text(), "This is no directory: /no/such/place\nNo skin/ in the theme: /no/such/theme/\n");
+}
+
+TEST_F(OptionsTest, AnEmptyPathIsRefused) {
+    for (const char* option : {"--games=", "--theme=", "--device=", "--run=", "--visit=", "--shots=", ""}) {
+        LogCapture said(LogCapture::Stream::Error);
+        EXPECT_EQ(read({option}), 2) << option;
+        EXPECT_EQ(said.text(), "This is no path: \"\"\n") << option;
+    }
+}
+
+TEST_F(OptionsTest, AnEmptyLanguageOrWordCountsAsNone) {
+    EXPECT_EQ(read({"--lang", "", "--search", ""}), -1);
+    EXPECT_EQ(mOptions.language, "");
+    EXPECT_EQ(mOptions.searchWord, "");
+}
+
+TEST_F(OptionsTest, ARelativePathInAFolderThatIsGoneIsRefused) {
+    EXPECT_TRUE(ostreltest::passesInChild([this] {
+        LogCapture said(LogCapture::Stream::Error);
+        device().write("gone/.keep", "");
+        std::filesystem::current_path(device().path("gone"));
+        std::filesystem::remove_all(device().path("gone"));
+        EXPECT_EQ(read({"--run", "work"}), 2);
+        EXPECT_EQ(said.text(), "This is no path: \"work\"\n");
+    }));
+}
+
+TEST_F(OptionsTest, AThemeThatCannotBeLookedForHasNoSkin) {
+    LogCapture said(LogCapture::Stream::Error);
+    const std::string tooLong(300, 'x');
+    EXPECT_EQ(read({"--theme", tooLong}), 2);
+    EXPECT_EQ(said.text(), "No skin/ in the theme: " + device().workDir() + "/" + tooLong + "/\n");
 }
 
 }  // namespace
