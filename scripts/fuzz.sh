@@ -23,13 +23,14 @@ run_fuzzer() {
     fi
 }
 
-found=0
+found=0 failed=0
 for program in "$BUILD"/*_fuzzer; do
     [[ -x $program ]] || continue
-    found=$((found + 1))
-    run_fuzzer "$(basename "$program")" &
     # Two at a time: one for each core of a small machine.
-    if ((found % 2 == 0)); then wait -n; fi
+    if [[ $found -ge 2 ]]; then wait -n || failed=1; fi
+    run_fuzzer "$(basename "$program")" &
+    found=$((found + 1))
 done
 [[ $found -gt 0 ]] || { echo "no fuzzer was built in $BUILD"; exit 1; }
-while [[ -n $(jobs -p) ]]; do wait -n; done
+while [[ -n $(jobs -p) ]]; do wait -n || failed=1; done
+exit "$failed"
