@@ -13,7 +13,7 @@ source scripts/lib/packages.sh
 # shellcheck source=scripts/lib/build-and-test.sh
 source scripts/lib/build-and-test.sh
 
-usage() { sed -n '2,6s/^# \{0,1\}//p' "$0"; }
+usage() { sed -n '2,6s/^# \{0,1\}//p' scripts/cross-arm64.sh; }
 
 main() {
     local preset=arm64 tests=yes
