@@ -21,12 +21,12 @@ count_forked() {
 }
 
 # run_ctest PRESET [ctest options]: a line per test would bury what failed, so the log holds everything, the screen the
-# failures and the closing lines.
+# failures and the closing lines. Of many failures it holds the first; sed reads on, where head would end grep and us.
 run_ctest() {
     local preset=$1 log=build/$1.tests.log failed=0
     shift
     ctest --preset "$preset" --parallel "$JOBS" "$@" >"$log" 2>&1 || failed=1
-    [[ $failed -eq 0 ]] || grep -avE '^ *(Start +[0-9]+:|[0-9]+/[0-9]+ Test .* Passed)' "$log" | head -400
+    [[ $failed -eq 0 ]] || grep -avE '^ *(Start +[0-9]+:|[0-9]+/[0-9]+ Test .* Passed)' "$log" | sed -n 1,400p
     count_forked "$preset"
     grep -aE '^([0-9]+% tests passed|Total Test time)' "$log" || failed=1
     return "$failed"
