@@ -2,8 +2,8 @@
 # Installs what is missing, builds, and runs every test headless.
 #   ./scripts/test.sh            the release build and its tests
 #   ./scripts/test.sh --ci       that and the sanitizer, valgrind, lint and 64-bit ARM stages, with the time of each
-#   ./scripts/test.sh --stage S  one stage alone: release, asan, tsan, valgrind, lint or arm64; or char, which --ci leaves
-#                                out: plain char as on the other processor
+#   ./scripts/test.sh --stage S  one stage alone: release, asan, tsan, valgrind, lint or arm64; or char, which --ci
+#                                leaves out: plain char as on the other processor
 set -euo pipefail
 cd "$(dirname "$0")/.."
 # shellcheck source=scripts/lib/install-packages.sh
@@ -19,7 +19,7 @@ readonly QUICK_BUILD=(-DCMAKE_UNITY_BUILD=ON -DOSTREL_FORKED_TESTS=ON)
 stage_times=()
 benchmarks=OFF
 
-usage() { sed -n '2,6s/^# \{0,1\}//p' "$0"; }
+usage() { sed -n '2,6s/^# \{0,1\}//p' scripts/test.sh; }
 
 stage_release() {
     configure_and_build release -DOSTREL_BUILD_BENCH="$benchmarks"
@@ -64,16 +64,19 @@ run_stage() {
     stage_times+=("$(printf '%-10s %4d s' "$name" $((SECONDS - begin)))")
 }
 
+is_stage() { declare -F "stage_$1" >/dev/null; }
+
 main() {
     local stages=(release)
-    case "${1:-}" in
-        "") ;;
-        --ci) stages=("${CI_STAGES[@]}") ;;
-        --stage) stages=("${2:?name a stage: ${CI_STAGES[*]} char}") ;;
-        *) usage; exit 2 ;;
+    case "$#,${1:-}" in
+        0,) ;;
+        1,--help) usage; exit 0 ;;
+        1,--ci) stages=("${CI_STAGES[@]}") ;;
+        2,--stage) is_stage "$2" || { usage >&2; exit 2; }; stages=("$2") ;;
+        *) usage >&2; exit 2 ;;
     esac
     local packages=("${BUILD_PACKAGES[@]}" "${TEST_PACKAGES[@]}")
-    if [[ "${1:-}" != "" ]]; then
+    if [[ $# -gt 0 ]]; then
         packages+=("${CI_PACKAGES[@]}")
         benchmarks=ON  # compiled, so that they stay true; run by whoever wants figures
     fi

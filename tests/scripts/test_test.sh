@@ -9,6 +9,19 @@ readonly jobs
 readonly build_release="cmake --build --preset release --parallel $jobs -- --quiet"
 
 prepare
+run 0 test.sh --help
+[[ $said == *--ci*--stage* ]] || complain "no options in the help: $said"
+not_called .
+
+for mistake in nonsense --stage '--stage nonsense' '--stage lint lint' '--ci lint' '--help lint'; do
+    prepare
+    # shellcheck disable=SC2086  # words
+    run 2 test.sh $mistake
+    [[ -z $said && $errors == *--stage* ]] || complain "no usage on standard error for $mistake"
+    not_called .
+done
+
+prepare
 run 0 test.sh
 called '^cmake --preset release -DOSTREL_BUILD_BENCH=OFF$'
 called_last "$build_release" "ctest --preset release --parallel $jobs"
