@@ -21,6 +21,12 @@ benchmarks=OFF
 
 usage() { sed -n '2,6s/^# \{0,1\}//p' scripts/test.sh; }
 
+# The release build as it is configured, brought up to date for those who look at it: cheap when it is.
+update_release() {
+    [[ -f build/release/build.ninja ]] || configure release -DOSTREL_BUILD_BENCH="$benchmarks"
+    build release "$@"
+}
+
 stage_release() {
     configure_and_build release -DOSTREL_BUILD_BENCH="$benchmarks"
     run_ctest release
@@ -40,12 +46,12 @@ stage_tsan() {
 
 # Textures are freed inside SDL, which no sanitizer sees: valgrind watches start-up, shut-down, caches and themes.
 stage_valgrind() {
-    [[ -d build/release ]] || configure_and_build release
+    update_release
     ./scripts/valgrind.sh build/release
 }
 
 stage_lint() {
-    [[ -f build/release/compile_commands.json ]] || cmake --preset release >/dev/null
+    update_release --target ostrel
     ./scripts/lint build/release
 }
 

@@ -3,14 +3,21 @@
 JOBS=$(nproc)
 readonly JOBS
 
-# configure_and_build PRESET [cmake options]
-configure_and_build() {
+# configure PRESET [cmake options]
+configure() {
+    mkdir -p build
+    cmake --preset "$@" >"build/$1.configure.log" 2>&1 || { cat "build/$1.configure.log"; return 1; }
+}
+
+# build PRESET [options of cmake --build]
+build() {
     local preset=$1
     shift
-    mkdir -p build
-    cmake --preset "$preset" "$@" >"build/$preset.configure.log" 2>&1 || { cat "build/$preset.configure.log"; return 1; }
-    cmake --build --preset "$preset" --parallel "$JOBS" -- --quiet
+    cmake --build --preset "$preset" --parallel "$JOBS" "$@" -- --quiet
 }
+
+# configure_and_build PRESET [cmake options]
+configure_and_build() { configure "$@" && build "$1"; }
 
 # Programs that fork their tests are one test each to ctest: how many there were stands in what they said.
 count_forked() {

@@ -6,7 +6,15 @@ set -euo pipefail
 source "$(dirname "${BASH_SOURCE[0]}")/stand_ins.sh"
 jobs=$(nproc)
 readonly jobs
+# What brings the release build up to date, and its library alone.
 readonly build_release="cmake --build --preset release --parallel $jobs -- --quiet"
+readonly build_library="cmake --build --preset release --parallel $jobs --target ostrel -- --quiet"
+
+prepare_stages() {
+    prepare
+    local script
+    for script in cross-arm64.sh fuzz.sh lint valgrind.sh; do play_script $script; done
+}
 
 prepare
 run 0 test.sh --help
@@ -41,5 +49,34 @@ run 1 test.sh
 prepare
 play ctest 'echo "No tests were found!!!"'
 run 1 test.sh
+
+prepare_stages
+run 0 test.sh --ci
+[[ $(grep -c '^cmake --preset release ' "$calls") == 1 ]] || complain "release not configured once: $(cat "$calls")"
+called '^cmake --preset release -DOSTREL_BUILD_BENCH=ON$'
+for preset in release clang-asan-ubsan tsan; do called "^ctest --preset $preset "; done
+called '^fuzz.sh 10$'
+called_last "$build_release" 'valgrind.sh build/release' "$build_library" 'lint build/release' 'cross-arm64.sh '
+[[ $said == *'All stages passed: release asan tsan valgrind lint arm64' ]] || complain "said $said"
+
+# What these two look at is what the sources say: built when there is nothing yet, and brought up to date, as it is
+# configured, when there is.
+prepare_stages
+run 0 test.sh --stage lint
+called '^cmake --preset release '
+called_last "$build_library" 'lint build/release'
+: >"$calls"
+run 0 test.sh --stage lint
+not_called '^cmake --preset'
+called_last "$build_library" 'lint build/release'
+
+prepare_stages
+run 0 test.sh --stage valgrind
+called '^cmake --preset release '
+called_last "$build_release" 'valgrind.sh build/release'
+: >"$calls"
+run 0 test.sh --stage valgrind
+not_called '^cmake --preset'
+called_last "$build_release" 'valgrind.sh build/release'
 
 exit $((failures > 0))
