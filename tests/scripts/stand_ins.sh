@@ -55,12 +55,13 @@ prepare() {
     : >"$calls"
 }
 
-# run CODE SCRIPT [ARGUMENT]...: runs it, which must end with that code. What it said is in $said and $errors.
+# run CODE SCRIPT [ARGUMENT]...: runs it in its folder, and it must end with that code. What it said is in $said and
+# $errors.
 # shellcheck disable=SC2034  # the tests read them
 run() {
     local expected=$1 code=0
     shift
-    said=$(PATH=$bin "$tree/scripts/$1" "${@:2}" 2>"$work/errors") || code=$?
+    said=$(cd "$tree/scripts" && PATH=$bin "./$1" "${@:2}" 2>"$work/errors") || code=$?
     errors=$(cat "$work/errors")
     [[ $code -eq $expected ]] || complain "$* ended with $code: $errors"
 }
