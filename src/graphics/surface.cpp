@@ -24,11 +24,14 @@ public:
     void add(SDL2OstrelSurface* surface) { mMasked.insert(masked(surface)); }
     void remove(SDL2OstrelSurface* surface) { mMasked.erase(masked(surface)); }
     void dropTextures() {
-        for (const std::uintptr_t address : mMasked) reinterpret_cast<SDL2OstrelSurface*>(~address)->mTexture = nullptr;
+        for (const std::uintptr_t address : mMasked) unmasked(address)->mTexture = nullptr;
     }
 
 private:
     static std::uintptr_t masked(SDL2OstrelSurface* surface) { return ~reinterpret_cast<std::uintptr_t>(surface); }
+    static SDL2OstrelSurface* unmasked(std::uintptr_t address) {
+        return reinterpret_cast<SDL2OstrelSurface*>(~address);  // NOLINT(performance-no-int-to-ptr): masked on purpose
+    }
 
     std::unordered_set<std::uintptr_t> mMasked;
 };
