@@ -31,8 +31,8 @@ done
 
 prepare
 run 0 test.sh
-called '^cmake --preset release -DOSTREL_BUILD_BENCH=OFF$'
-called_last "$build_release" "ctest --preset release --parallel $jobs"
+called '^cmake --preset release -DOSTREL_BUILD_BENCH=OFF -DOSTREL_FORKED_TESTS=OFF$'
+called_last "$build_release" "ctest --preset release --parallel $((jobs + 1))"
 [[ $said == *'100% tests passed'*'All stages passed: release' ]] || complain "said $said"
 
 # The failures come first, however many lines they have; what ctest says at the end is not lost behind them.
@@ -53,9 +53,9 @@ run 1 test.sh
 prepare_stages
 run 0 test.sh --ci
 [[ $(grep -c '^cmake --preset release ' "$calls") == 1 ]] || complain "release not configured once: $(cat "$calls")"
-called '^cmake --preset release -DOSTREL_BUILD_BENCH=ON$'
+called '^cmake --preset release -DOSTREL_BUILD_BENCH=ON -DOSTREL_FORKED_TESTS=ON$'
 for preset in release clang-asan-ubsan tsan; do called "^ctest --preset $preset "; done
-called '^fuzz.sh 10$'
+called '^fuzz.sh 5$'
 called_last "$build_release" 'valgrind.sh build/release' "$build_library" 'lint build/release' 'cross-arm64.sh '
 [[ $said == *'All stages passed: release asan tsan valgrind lint arm64' ]] || complain "said $said"
 
