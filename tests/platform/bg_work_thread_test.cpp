@@ -15,6 +15,8 @@
 #include <thread>
 #include <vector>
 
+#include "support/abi.h"
+
 namespace {
 
 using ::testing::ElementsAre;
@@ -122,6 +124,11 @@ protected:
     Journal journal;
     Door door;
 };
+
+TEST(BGWorkerTest, TheOperationsHaveTheirSlots) {
+    EXPECT_EQ(ostreltest::slotOf(&BGWorker::work), 3);
+    EXPECT_EQ(ostreltest::slotOf(&BGWorker::done), 4);
+}
 
 TEST_F(BGWorkThreadTest, JobWorksIsDoneAndIsDeleted) {
     BGWorkThread thread(3);
