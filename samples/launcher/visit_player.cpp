@@ -37,7 +37,8 @@ namespace {
 using launcher::Visit;
 using launcher::VisitStep;
 
-constexpr int kFramesOfKey = 4;  // one reads the key, the next shows what came of it, two bring six pictures
+constexpr int kFramesOfKey = 2;                    // one reads the key, the next shows what came of it
+constexpr int kFramesToSettle = 4;                 // after which a picture is taken: two more bring six thumbnails
 constexpr uint64_t kStartSeconds = 1'773'481'260;  // Saturday, 14 March 2026, 9:41 in the morning, UTC
 constexpr uint64_t kSecondsBetweenParts = 600;
 
@@ -47,6 +48,7 @@ struct Player {
     std::string console;
     std::size_t next = 0;
     int framesToWait = kFramesOfKey;
+    int framesSinceInput = 0;
     int arrowsToSend = 0;
     SDL_Keycode heldKey = SDLK_UNKNOWN;
     bool failed = false;
@@ -83,17 +85,22 @@ void changeConsole(const VisitStep& step) {
     sPlayer.failed = !launcher::changeConsole(sPlayer.console, step) || sPlayer.failed;
 }
 
+void beginInput() {
+    sPlayer.framesToWait = kFramesOfKey;
+    sPlayer.framesSinceInput = 0;
+}
+
 void play(const VisitStep& step) {
     switch (step.kind) {
         case VisitStep::Kind::Device:
         case VisitStep::Kind::Remove:
             changeConsole(step);
             launcher::refreshWifi();
-            sPlayer.framesToWait = kFramesOfKey;
+            beginInput();
             break;
         case VisitStep::Kind::Key:
             pressAndRelease(step.key);
-            sPlayer.framesToWait = kFramesOfKey;
+            beginInput();
             break;
         case VisitStep::Kind::Hold:
             sPlayer.heldKey = step.key;
@@ -115,7 +122,7 @@ void sendArrow() {
     pushKey(SDL_KEYDOWN, sPlayer.heldKey, /*repeat=*/true);
     if (--sPlayer.arrowsToSend > 0) return;
     pushKey(SDL_KEYUP, sPlayer.heldKey, /*repeat=*/false);
-    sPlayer.framesToWait = kFramesOfKey;
+    beginInput();
 }
 
 void closeWindow() {
@@ -128,9 +135,13 @@ void closeWindow() {
 
 // Between two frames: goes on to the step that needs frames of its own.
 void playOn() {
+    ++sPlayer.framesSinceInput;
     if (sPlayer.framesToWait > 0 && --sPlayer.framesToWait > 0) return;
     while (sPlayer.framesToWait == 0 && sPlayer.arrowsToSend == 0 && sPlayer.next < sPlayer.steps.size()) {
-        play(sPlayer.steps[sPlayer.next++]);
+        const VisitStep& step = sPlayer.steps[sPlayer.next];
+        if (step.kind == VisitStep::Kind::Shot && sPlayer.framesSinceInput < kFramesToSettle) return;
+        ++sPlayer.next;
+        play(step);
     }
     if (sPlayer.arrowsToSend > 0) return sendArrow();
     if (sPlayer.framesToWait == 0) closeWindow();
