@@ -11,5 +11,6 @@ build_launcher() {
         (cd "$1" && cmake --preset release -B "$build" -DOSTREL_BUILD_TESTS=OFF) >"$log" 2>&1 ||
             { cat "$log" >&2; return 1; }
     fi
-    ninja -C "$build" --quiet ostrel-launcher ostrel-visit
+    # Quiet as it is asked to be, ninja still says when there is nothing to do.
+    ninja -C "$build" --quiet ostrel-launcher ostrel-visit | sed '/^ninja: no work to do\.$/d'
 }

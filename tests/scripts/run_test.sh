@@ -45,6 +45,13 @@ run 0 run.sh
 not_called '^cmake\|^apt-get'
 called '^ninja '
 
+# A launcher that does not build is not started; what the compiler said is told.
+prepare
+play ninja 'echo "error: no such type"; exit 1'
+run 1 run.sh
+[[ $said == *'error: no such type' ]] || complain "said $said"
+not_called '^ostrel-'
+
 # Options leave the games as they are; a directory is one of any content.
 for options in '--theme light' '--theme=light' --log; do
     prepare
