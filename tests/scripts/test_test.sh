@@ -61,22 +61,19 @@ called_last "$build_release" 'valgrind.sh build/release' "$build_library" 'lint 
 
 # What these two look at is what the sources say: built when there is nothing yet, and brought up to date, as it is
 # configured, when there is.
-prepare_stages
-run 0 test.sh --stage lint
-called '^cmake --preset release '
-called_last "$build_library" 'lint build/release'
-: >"$calls"
-run 0 test.sh --stage lint
-not_called '^cmake --preset'
-called_last "$build_library" 'lint build/release'
-
-prepare_stages
-run 0 test.sh --stage valgrind
-called '^cmake --preset release '
-called_last "$build_release" 'valgrind.sh build/release'
-: >"$calls"
-run 0 test.sh --stage valgrind
-not_called '^cmake --preset'
-called_last "$build_release" 'valgrind.sh build/release'
+looks_at_the_release() {
+    local stage=$1
+    shift
+    prepare_stages
+    run 0 test.sh --stage "$stage"
+    called '^cmake --preset release '
+    called_last "$@"
+    : >"$calls"
+    run 0 test.sh --stage "$stage"
+    not_called '^cmake --preset'
+    called_last "$@"
+}
+looks_at_the_release lint "$build_library" 'lint build/release'
+looks_at_the_release valgrind "$build_release" 'valgrind.sh build/release'
 
 exit $((failures > 0))
