@@ -15,7 +15,7 @@ source scripts/lib/build-and-test.sh
 
 readonly CI_STAGES=(release asan tsan valgrind lint arm64)
 # The release is built file by file, as everybody builds it; the other builds in a third of the time.
-readonly QUICK_BUILD=(-DCMAKE_UNITY_BUILD=ON -DOSTREL_FORKED_TESTS=ON)
+readonly QUICK_BUILD=(-DCMAKE_UNITY_BUILD=ON -DOSTREL_FORKED_TESTS=suites)
 # Among other stages the release has its benchmarks compiled, so that they stay true, and its tests started faster.
 release_build=(-DOSTREL_BUILD_BENCH=OFF -DOSTREL_FORKED_TESTS=OFF)
 stage_times=()
@@ -85,7 +85,7 @@ main() {
     local packages=("${BUILD_PACKAGES[@]}" "${TEST_PACKAGES[@]}")
     if [[ $# -gt 0 ]]; then
         packages+=("${CI_PACKAGES[@]}")
-        release_build=(-DOSTREL_BUILD_BENCH=ON -DOSTREL_FORKED_TESTS=ON)
+        release_build=(-DOSTREL_BUILD_BENCH=ON -DOSTREL_FORKED_TESTS=tests)
     fi
     install_packages "${packages[@]}"
     mkdir -p build

@@ -53,7 +53,7 @@ run 1 test.sh
 prepare_stages
 run 0 test.sh --ci
 [[ $(grep -c '^cmake --preset release ' "$calls") == 1 ]] || complain "release not configured once: $(cat "$calls")"
-called '^cmake --preset release -DOSTREL_BUILD_BENCH=ON -DOSTREL_FORKED_TESTS=ON$'
+called '^cmake --preset release -DOSTREL_BUILD_BENCH=ON -DOSTREL_FORKED_TESTS=tests$'
 for preset in release clang-asan-ubsan tsan; do called "^ctest --preset $preset "; done
 called '^fuzz.sh 5$'
 called_last "$build_release" 'valgrind.sh build/release' "$build_library" 'lint build/release' 'cross-arm64.sh '

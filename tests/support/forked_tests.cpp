@@ -16,10 +16,53 @@ namespace ostreltest {
 namespace {
 
 constexpr char kForked[] = "OSTREL_FORKED_TESTS";
+constexpr char kBySuite[] = "suites";
 constexpr char kShardCount[] = "GTEST_TOTAL_SHARDS";
 constexpr char kShardIndex[] = "GTEST_SHARD_INDEX";
-constexpr int kSkipped = 77;
 constexpr unsigned kPatienceInSeconds = 300;
+
+// The tests that share a process.
+struct Group {
+    std::string name;
+    std::vector<std::string> tests;
+};
+
+// What a child counts for the process that forked it: it may die between any two tests.
+struct Counts {
+    std::size_t ended = 0;
+    int failed = 0;
+    int skipped = 0;
+};
+
+class SharedCounts {
+public:
+    SharedCounts() : mMemory(mmap(nullptr, sizeof(Counts), PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0)) {
+        if (mMemory == MAP_FAILED) std::abort();
+    }
+    ~SharedCounts() { munmap(mMemory, sizeof(Counts)); }
+    SharedCounts(const SharedCounts&) = delete;
+    SharedCounts& operator=(const SharedCounts&) = delete;
+
+    Counts& operator*() const { return *static_cast<Counts*>(mMemory); }
+
+private:
+    void* const mMemory;
+};
+
+// Counts the tests as they end. None has more than the patience.
+class Counter : public ::testing::EmptyTestEventListener {
+public:
+    explicit Counter(Counts& counts) : mCounts(counts) {}
+    void OnTestStart(const ::testing::TestInfo& /*test*/) override { alarm(kPatienceInSeconds); }
+    void OnTestEnd(const ::testing::TestInfo& test) override {
+        ++mCounts.ended;
+        mCounts.failed += test.result()->Failed() ? 1 : 0;
+        mCounts.skipped += test.result()->Skipped() ? 1 : 0;
+    }
+
+private:
+    Counts& mCounts;
+};
 
 // What one child after the other writes to its standard output and error.
 class Output {
@@ -50,45 +93,57 @@ private:
     const int mFile;
 };
 
+bool isAskedFor(const char* way) {
+    const char* asked = std::getenv(kForked);
+    return asked != nullptr && std::strcmp(asked, way) == 0;
+}
+
 std::size_t numberIn(const char* variable, std::size_t otherwise) {
     const char* text = std::getenv(variable);
     return text == nullptr ? otherwise : std::strtoul(text, nullptr, 10);
 }
 
-std::vector<std::string> testsOfThisShard() {
+std::vector<Group> groupsOfThisShard() {
     const std::size_t shards = numberIn(kShardCount, 1);
     const std::size_t shard = numberIn(kShardIndex, 0);
-    std::vector<std::string> names;
-    std::size_t number = 0;
+    const bool bySuite = isAskedFor(kBySuite);
     const ::testing::UnitTest& program = *::testing::UnitTest::GetInstance();
+    const auto all = static_cast<std::size_t>(program.total_test_count());
+    std::vector<Group> groups;
+    std::size_t number = 0;
     for (int s = 0; s < program.total_test_suite_count(); ++s) {
         const ::testing::TestSuite& suite = *program.GetTestSuite(s);
-        for (int t = 0; t < suite.total_test_count(); ++t) {
-            if (number++ % shards != shard) continue;
-            names.push_back(std::string(suite.name()) + "." + suite.GetTestInfo(t)->name());
+        for (int t = 0; t < suite.total_test_count(); ++t, ++number) {
+            if (number < all * shard / shards || number >= all * (shard + 1) / shards) continue;
+            const std::string test = std::string(suite.name()) + "." + suite.GetTestInfo(t)->name();
+            if (!bySuite) groups.push_back({test, {}});
+            if (bySuite && (groups.empty() || groups.back().name != suite.name())) groups.push_back({suite.name(), {}});
+            groups.back().tests.push_back(test);
         }
     }
-    return names;
+    return groups;
 }
 
 // Ends the process.
-[[noreturn]] void run(const std::string& test) {
-    alarm(kPatienceInSeconds);
+[[noreturn]] void run(const Group& group, Counts& counts) {
     unsetenv(kForked);  // a death test starts the program once more, for itself alone
     unsetenv(kShardCount);
     unsetenv(kShardIndex);
-    ::testing::GTEST_FLAG(filter) = test;
-    const int failed = RUN_ALL_TESTS();
-    if (::testing::UnitTest::GetInstance()->test_to_run_count() != 1) std::abort();
-    const bool skipped = ::testing::UnitTest::GetInstance()->skipped_test_count() > 0;
-    std::exit(failed == 0 && skipped ? kSkipped : failed);
+    std::string filter;
+    for (const std::string& test : group.tests) filter += test + ":";
+    ::testing::GTEST_FLAG(filter) = filter;
+    ::testing::UnitTest::GetInstance()->listeners().Append(new Counter(counts));  // which deletes it
+    std::exit(RUN_ALL_TESTS());
 }
 
-// Why a child is no success; empty if it is one.
-std::string complaint(int status) {
-    if (WIFSIGNALED(status)) return "FAILED (" + std::string(strsignal(WTERMSIG(status))) + ")";
-    if (WEXITSTATUS(status) == kSkipped) return "SKIPPED";
-    return WEXITSTATUS(status) == EXIT_SUCCESS ? "" : "FAILED";
+// What is wrong with a group; empty if nothing is. Tests that never ended count as failed, and so does one of a process
+// that ended badly when all its tests had ended well: memory that they lost shows only then.
+std::string complaint(int status, const Group& group, Counts& counts) {
+    counts.failed += static_cast<int>(group.tests.size() - counts.ended);
+    if (status != 0 && counts.failed == 0) counts.failed = 1;
+    if (WIFSIGNALED(status)) return std::string("FAILED (") + strsignal(WTERMSIG(status)) + ")";
+    if (counts.failed > 0) return "FAILED";
+    return counts.skipped > 0 ? "SKIPPED" : "";
 }
 
 }  // namespace
@@ -97,27 +152,30 @@ bool areTestsForked() { return std::getenv(kForked) != nullptr; }
 
 int runTestsForked() {
     const Output output;
-    int failed = 0;
-    int skipped = 0;
-    const std::vector<std::string> tests = testsOfThisShard();
-    for (const std::string& test : tests) {
+    const SharedCounts shared;
+    Counts all;
+    std::size_t tests = 0;
+    for (const Group& group : groupsOfThisShard()) {
         output.clear();
         std::fflush(nullptr);  // else the child would write what is buffered once more
+        *shared = {};
         const pid_t child = fork();
         if (child == 0) {
             output.becomeStandard();
-            run(test);
+            run(group, *shared);
         }
         int status = 0;
         if (child < 0 || waitpid(child, &status, 0) != child) std::abort();
-        const std::string said = complaint(status);
+        const std::string said = complaint(status, group, *shared);
+        tests += group.tests.size();
+        all.failed += (*shared).failed;
+        all.skipped += (*shared).skipped;
         if (said.empty()) continue;
-        ++(said == "SKIPPED" ? skipped : failed);
         output.print();
-        std::printf("%s %s\n", said.c_str(), test.c_str());
+        std::printf("%s %s\n", said.c_str(), group.name.c_str());
     }
-    std::printf("%zu tests, %d failed, %d skipped\n", tests.size(), failed, skipped);
-    return failed == 0 ? EXIT_SUCCESS : EXIT_FAILURE;
+    std::printf("%zu tests, %d failed, %d skipped\n", tests, all.failed, all.skipped);
+    return all.failed == 0 ? EXIT_SUCCESS : EXIT_FAILURE;
 }
 
 }  // namespace ostreltest

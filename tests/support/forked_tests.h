@@ -1,14 +1,16 @@
-// Every test of a program in a process of its own, without starting the program anew for each.
+// The tests of a program in processes of their own, without starting the program anew for each.
 #pragma once
 
 namespace ostreltest {
 
-// Whether the environment asks for it: OSTREL_FORKED_TESTS is set.
+// Whether the environment asks for it: OSTREL_FORKED_TESTS is "tests" or "suites".
 bool areTestsForked();
 
-// Forks once for each registered test, or for those of this shard (GTEST_TOTAL_SHARDS, GTEST_SHARD_INDEX), one after
-// the other. Prints what the tests that failed or were skipped said, and a closing line. Returns the program's exit
-// code. For where starting a program takes much longer than its test. Call it before any thread runs.
+// Forks once for each test ("tests"), so that none can need what another left behind, or once for each suite
+// ("suites"), so that none can leave behind what another stumbles over: cheaper where a process pays for all that it
+// touches first. Takes the registered tests or this shard's (GTEST_TOTAL_SHARDS, GTEST_SHARD_INDEX), a process after
+// the other. Prints what those with a failed or skipped test said, and a closing line. Returns the program's exit code.
+// Call it before any thread runs.
 int runTestsForked();
 
 }  // namespace ostreltest
