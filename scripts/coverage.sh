@@ -6,12 +6,13 @@ cd "$(dirname "$0")/.."
 source scripts/lib/install-packages.sh
 # shellcheck source=scripts/lib/packages.sh
 source scripts/lib/packages.sh
+# shellcheck source=scripts/lib/build-and-test.sh
+source scripts/lib/build-and-test.sh
 
 install_packages "${BUILD_PACKAGES[@]}" "${TEST_PACKAGES[@]}" gcovr
-cmake --preset coverage >/dev/null
-cmake --build --preset coverage --parallel "$(nproc)" -- --quiet
+configure_and_build coverage
 find build/coverage -name '*.gcda' -delete
-ctest --preset coverage --parallel "$(nproc)" --progress
+run_ctest coverage
 
 # Branches that only an exception takes are the compiler's, not ours.
 report=(gcovr --root . --filter 'src/' --object-directory build/coverage --exclude-throw-branches

@@ -34,7 +34,8 @@ prepare() {
     mkdir -p "$tree" "$bin"
     cp -R "$source/scripts" "$tree"
     export foreign=arm64 status=0 user=0
-    use awk basename bash cat cp dirname env grep head mkdir nproc rm sed sleep tail
+    unset TMPDIR  # a run of all tests has set it
+    use awk basename bash cat chmod cp df dirname env grep head mkdir mktemp nproc rm sed sleep tail
     play dpkg 'case $1 in --print-architecture) echo amd64 ;; --print-foreign-architectures) echo $foreign ;; esac'
     play dpkg-query 'for name in "${@:3}"; do
         if [[ " $(<"$wanting") " == *" $name "* ]]; then continue; fi

@@ -50,6 +50,36 @@ prepare
 play ctest 'echo "No tests were found!!!"'
 run 1 test.sh
 
+# The tests' files lie in memory and are gone afterwards, if there is memory that can hold them and a program.
+# tests_files FOLDER: where they lay; "" when nobody said where.
+tests_files() {
+    run 0 test.sh
+    [[ $(<"$work/files") == "$1" ]] || complain "the files lay in '$(<"$work/files")', not in '$1'"
+    [[ ! -e $work/memory ]] || complain 'the memory is still taken'
+}
+prepare_memory() {
+    prepare
+    # shellcheck disable=SC2016  # expanded when the program is called
+    play ctest 'echo "${TMPDIR:-}" >"$work/files"; [[ -z ${TMPDIR:-} || -d $TMPDIR ]]; echo "100% tests passed"'
+    # shellcheck disable=SC2016
+    play mktemp 'mkdir -p "$work/memory" && echo "$work/memory"'
+}
+export work
+prepare_memory
+tests_files "$work/memory"
+prepare_memory
+TMPDIR=/elsewhere tests_files /elsewhere
+prepare_memory
+play mktemp 'exit 1'
+tests_files ''
+prepare_memory
+play df 'echo Avail; echo 1023'
+tests_files ''
+prepare_memory
+# shellcheck disable=SC2016
+play cp 'printf "#!/nowhere\n" >"$2"; chmod +x "$2"'
+tests_files ''
+
 prepare_stages
 run 0 test.sh --ci
 [[ $(grep -c '^cmake --preset release ' "$calls") == 1 ]] || complain "release not configured once: $(cat "$calls")"
