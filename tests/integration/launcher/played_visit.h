@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "program.h"
+#include "support/program.h"
 #include "support/test_device.h"
 #include "written_files.h"
 

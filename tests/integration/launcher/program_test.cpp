@@ -1,5 +1,5 @@
 // The launcher as a user starts it: what it says, what it refuses, and how it ends.
-#include "program.h"
+#include "support/program.h"
 
 #include <unistd.h>
 

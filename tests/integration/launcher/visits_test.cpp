@@ -6,8 +6,8 @@
 #include <iterator>
 #include <set>
 
-#include "program.h"
 #include "support/picture.h"
+#include "support/program.h"
 #include "support/test_device.h"
 
 namespace fs = std::filesystem;

@@ -11,9 +11,9 @@
 #include <thread>
 #include <vector>
 
-#include "integration/launcher/program.h"
 #include "ostrel/wifi.h"
 #include "support/driven_clock.h"
+#include "support/program.h"
 #include "support/test_device.h"
 
 namespace fs = std::filesystem;

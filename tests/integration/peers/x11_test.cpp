@@ -3,9 +3,9 @@
 #include <string>
 #include <vector>
 
-#include "integration/launcher/program.h"
 #include "ostrel/screen.h"
 #include "support/picture.h"
+#include "support/program.h"
 #include "support/test_device.h"
 #include "support/virtual_joystick.h"
 #include "typed_window.h"

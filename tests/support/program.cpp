@@ -1,4 +1,4 @@
-#include "program.h"
+#include "support/program.h"
 
 #include <fcntl.h>
 #include <sys/wait.h>
