@@ -50,6 +50,14 @@ prepare
 play ctest 'echo "No tests were found!!!"'
 run 1 test.sh
 
+# Of programs that fork their tests it says how many those were.
+prepare
+play ctest 'mkdir -p build/release/Testing/Temporary
+printf "%s\n" "3 tests, 1 failed" "a line of 9 tests, 9 failed" "40 tests, 0 failed" >build/release/Testing/Temporary/LastTest.log
+echo "100% tests passed"'
+run 0 test.sh
+[[ $said == *$'\n43 tests in 2 starts, 1 failed\n'* ]] || complain "said $said"
+
 # The tests' files lie in memory and are gone afterwards, if there is memory that can hold them and a program.
 # tests_files FOLDER: where they lay; "" when nobody said where.
 tests_files() {
@@ -60,7 +68,9 @@ tests_files() {
 prepare_memory() {
     prepare
     # shellcheck disable=SC2016  # expanded when the program is called
-    play ctest 'echo "${TMPDIR:-}" >"$work/files"; [[ -z ${TMPDIR:-} || -d $TMPDIR ]]; echo "100% tests passed"'
+    play ctest 'echo "${TMPDIR:-}" >"$work/files"
+        if [[ ${TMPDIR:-} == "$work/memory" ]]; then echo left >"$TMPDIR/behind" || exit 1; fi
+        echo "100% tests passed"'
     # shellcheck disable=SC2016
     play mktemp 'mkdir -p "$work/memory" && echo "$work/memory"'
 }

@@ -6,6 +6,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -16,7 +17,8 @@ namespace ostreltest {
 namespace {
 
 constexpr char kForked[] = "OSTREL_FORKED_TESTS";
-constexpr char kBySuite[] = "suites";
+constexpr char kTests[] = "tests";
+constexpr char kSuites[] = "suites";
 constexpr char kShardCount[] = "GTEST_TOTAL_SHARDS";
 constexpr char kShardIndex[] = "GTEST_SHARD_INDEX";
 constexpr unsigned kPatienceInSeconds = 300;
@@ -27,41 +29,32 @@ struct Group {
     std::vector<std::string> tests;
 };
 
-// What a child counts for the process that forked it: it may die between any two tests.
-struct Counts {
-    std::size_t ended = 0;
-    int failed = 0;
-    int skipped = 0;
-};
-
-class SharedCounts {
+// How many tests of a child passed, told to the process that forked it: the child may die between any two of them.
+class SharedCount {
 public:
-    SharedCounts() : mMemory(mmap(nullptr, sizeof(Counts), PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0)) {
+    SharedCount()
+        : mMemory(mmap(nullptr, sizeof(std::size_t), PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0)) {
         if (mMemory == MAP_FAILED) std::abort();
     }
-    ~SharedCounts() { munmap(mMemory, sizeof(Counts)); }
-    SharedCounts(const SharedCounts&) = delete;
-    SharedCounts& operator=(const SharedCounts&) = delete;
+    ~SharedCount() { munmap(mMemory, sizeof(std::size_t)); }
+    SharedCount(const SharedCount&) = delete;
+    SharedCount& operator=(const SharedCount&) = delete;
 
-    Counts& operator*() const { return *static_cast<Counts*>(mMemory); }
+    std::size_t& operator*() const { return *static_cast<std::size_t*>(mMemory); }
 
 private:
     void* const mMemory;
 };
 
-// Counts the tests as they end. None has more than the patience.
+// None of the tests that it counts has more than the patience.
 class Counter : public ::testing::EmptyTestEventListener {
 public:
-    explicit Counter(Counts& counts) : mCounts(counts) {}
+    explicit Counter(std::size_t& passed) : mPassed(passed) {}
     void OnTestStart(const ::testing::TestInfo& /*test*/) override { alarm(kPatienceInSeconds); }
-    void OnTestEnd(const ::testing::TestInfo& test) override {
-        ++mCounts.ended;
-        mCounts.failed += test.result()->Failed() ? 1 : 0;
-        mCounts.skipped += test.result()->Skipped() ? 1 : 0;
-    }
+    void OnTestEnd(const ::testing::TestInfo& test) override { mPassed += test.result()->Passed() ? 1 : 0; }
 
 private:
-    Counts& mCounts;
+    std::size_t& mPassed;
 };
 
 // What one child after the other writes to its standard output and error.
@@ -93,9 +86,9 @@ private:
     const int mFile;
 };
 
-bool isAskedFor(const char* way) {
+bool isAskedFor(const char* processes) {
     const char* asked = std::getenv(kForked);
-    return asked != nullptr && std::strcmp(asked, way) == 0;
+    return asked != nullptr && std::strcmp(asked, processes) == 0;
 }
 
 std::size_t numberIn(const char* variable, std::size_t otherwise) {
@@ -106,7 +99,7 @@ std::size_t numberIn(const char* variable, std::size_t otherwise) {
 std::vector<Group> groupsOfThisShard() {
     const std::size_t shards = numberIn(kShardCount, 1);
     const std::size_t shard = numberIn(kShardIndex, 0);
-    const bool bySuite = isAskedFor(kBySuite);
+    const bool bySuite = isAskedFor(kSuites);
     const ::testing::UnitTest& program = *::testing::UnitTest::GetInstance();
     const auto all = static_cast<std::size_t>(program.total_test_count());
     std::vector<Group> groups;
@@ -125,57 +118,57 @@ std::vector<Group> groupsOfThisShard() {
 }
 
 // Ends the process.
-[[noreturn]] void run(const Group& group, Counts& counts) {
+[[noreturn]] void run(const Group& group, std::size_t& passed) {
     unsetenv(kForked);  // a death test starts the program once more, for itself alone
     unsetenv(kShardCount);
     unsetenv(kShardIndex);
     std::string filter;
     for (const std::string& test : group.tests) filter += test + ":";
     ::testing::GTEST_FLAG(filter) = filter;
-    ::testing::UnitTest::GetInstance()->listeners().Append(new Counter(counts));  // which deletes it
+    ::testing::UnitTest::GetInstance()->listeners().Append(new Counter(passed));  // which deletes it
     std::exit(RUN_ALL_TESTS());
 }
 
-// What is wrong with a group; empty if nothing is. Tests that never ended count as failed, and so does one of a process
-// that ended badly when all its tests had ended well: memory that they lost shows only then.
-std::string complaint(int status, const Group& group, Counts& counts) {
-    counts.failed += static_cast<int>(group.tests.size() - counts.ended);
-    if (status != 0 && counts.failed == 0) counts.failed = 1;
-    if (WIFSIGNALED(status)) return std::string("FAILED (") + strsignal(WTERMSIG(status)) + ")";
-    if (counts.failed > 0) return "FAILED";
-    return counts.skipped > 0 ? "SKIPPED" : "";
+// The signal that ended a child, if one did.
+std::string reasonOf(int status) {
+    return WIFSIGNALED(status) ? std::string(" (") + strsignal(WTERMSIG(status)) + ")" : "";
+}
+
+// How many tests of a group have not passed. Of a process that ended badly when all of its tests had passed it is one:
+// memory that they lost shows only then.
+std::size_t failuresOf(const Group& group, std::size_t passed, int status) {
+    return std::max<std::size_t>(group.tests.size() - passed, status == 0 ? 0 : 1);
 }
 
 }  // namespace
 
-bool areTestsForked() { return std::getenv(kForked) != nullptr; }
+bool areTestsForked() { return isAskedFor(kTests) || isAskedFor(kSuites); }
 
 int runTestsForked() {
     const Output output;
-    const SharedCounts shared;
-    Counts all;
+    const SharedCount passed;
     std::size_t tests = 0;
+    std::size_t failures = 0;
     for (const Group& group : groupsOfThisShard()) {
         output.clear();
         std::fflush(nullptr);  // else the child would write what is buffered once more
-        *shared = {};
+        *passed = 0;
         const pid_t child = fork();
         if (child == 0) {
             output.becomeStandard();
-            run(group, *shared);
+            run(group, *passed);
         }
         int status = 0;
         if (child < 0 || waitpid(child, &status, 0) != child) std::abort();
-        const std::string said = complaint(status, group, *shared);
         tests += group.tests.size();
-        all.failed += (*shared).failed;
-        all.skipped += (*shared).skipped;
-        if (said.empty()) continue;
+        const std::size_t failed = failuresOf(group, *passed, status);
+        if (failed == 0) continue;
+        failures += failed;
         output.print();
-        std::printf("%s %s\n", said.c_str(), group.name.c_str());
+        std::printf("FAILED %s%s\n", group.name.c_str(), reasonOf(status).c_str());
     }
-    std::printf("%zu tests, %d failed, %d skipped\n", tests, all.failed, all.skipped);
-    return all.failed == 0 ? EXIT_SUCCESS : EXIT_FAILURE;
+    std::printf("%zu tests, %zu failed\n", tests, failures);
+    return failures == 0 ? EXIT_SUCCESS : EXIT_FAILURE;
 }
 
 }  // namespace ostreltest

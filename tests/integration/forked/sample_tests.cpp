@@ -1,25 +1,22 @@
-// Tests of every outcome, for the test of the runner that forks them.
+// Tests that end in every way, for the test of the runner that forks them.
 #include <gtest/gtest.h>
 
 #include <cstdlib>
 
 namespace {
 
-int sRunInThisProcess = 0;
+int sTestsOfThisProcess = 0;
 
 [[noreturn]] void endWithFailure() { std::_Exit(EXIT_FAILURE); }
 
-TEST(GoodTest, FirstPasses) { EXPECT_EQ(++sRunInThisProcess, 1); }
-TEST(GoodTest, PassesAloneOnly) { EXPECT_EQ(++sRunInThisProcess, 1); }
-TEST(GoodTest, PassesBehindOthersOnly) { EXPECT_EQ(++sRunInThisProcess, 3); }
+TEST(CountingTest, PassesAsTheFirst) { EXPECT_EQ(++sTestsOfThisProcess, 1); }
+TEST(CountingTest, PassesAlone) { EXPECT_EQ(++sTestsOfThisProcess, 1); }
+TEST(CountingTest, PassesAsTheThird) { EXPECT_EQ(++sTestsOfThisProcess, 3); }
 
-TEST(SkippingTest, IsSkipped) { GTEST_SKIP() << "for a reason"; }
-TEST(SkippingTest, Passes) {}
-
-TEST(CrashingTest, Passes) {}
+TEST(CrashingTest, PassesBefore) { EXPECT_EQ(++sTestsOfThisProcess, 1); }
 TEST(CrashingTest, Crashes) { std::abort(); }
-TEST(CrashingTest, PassesToo) {}
+TEST(CrashingTest, PassesAfter) { EXPECT_EQ(++sTestsOfThisProcess, 1); }
 
-TEST(LateFailureTest, Passes) { std::atexit(endWithFailure); }
+TEST(LateFailureTest, PassesAndFailsAtTheEnd) { EXPECT_EQ(std::atexit(endWithFailure), 0); }
 
 }  // namespace
