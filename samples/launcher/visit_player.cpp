@@ -37,8 +37,7 @@ namespace {
 using launcher::Visit;
 using launcher::VisitStep;
 
-constexpr int kFramesOfKey = 2;                    // one reads the key, the next shows what came of it
-constexpr int kFramesToSettle = 4;                 // after which a picture is taken: two more bring six thumbnails
+constexpr int kFramesToSettle = 4;  // from a key to a picture: read, shown, and two that bring six thumbnails
 constexpr uint64_t kStartSeconds = 1'773'481'260;  // Saturday, 14 March 2026, 9:41 in the morning, UTC
 constexpr uint64_t kSecondsBetweenParts = 600;
 
@@ -47,7 +46,7 @@ struct Player {
     std::string shotFolder;
     std::string console;
     std::size_t next = 0;
-    int framesToWait = kFramesOfKey;
+    int framesToWait = 1;
     int framesSinceInput = 0;
     int arrowsToSend = 0;
     SDL_Keycode heldKey = SDLK_UNKNOWN;
@@ -85,8 +84,9 @@ void changeConsole(const VisitStep& step) {
     sPlayer.failed = !launcher::changeConsole(sPlayer.console, step) || sPlayer.failed;
 }
 
+// One frame reads it.
 void beginInput() {
-    sPlayer.framesToWait = kFramesOfKey;
+    sPlayer.framesToWait = 1;
     sPlayer.framesSinceInput = 0;
 }
 
